@@ -1,0 +1,79 @@
+// kiekbord-maak: runs the generation of a saved gallery script without the
+// window, printing each log line as it is written.
+
+#include <cstdio>
+#include <iostream>
+#include <string>
+#include <string_view>
+
+#include "app/program_directory.h"
+#include "app/program_info.h"
+#include "app/program_settings.h"
+#include "gallery/text.h"
+#include "generator/generation_run.h"
+
+namespace {
+
+using namespace kiekbord;
+
+constexpr int kExitOk = 0;
+constexpr int kExitFailed = 1;
+constexpr int kExitUsage = 2;
+
+void PrintUsage(std::ostream& out) {
+  out << "Gebruik: kiekbord-maak SCRIPT.kbs\n"
+         "\n"
+         "Maakt de kiekbord van een opgeslagen script (.kbs): titelpagina, overzicht,\n"
+         "fotopagina's, thumbnails en opmaak in de uitvoermap van het script. Het\n"
+         "logbestand komt naast het script, met de extensie .log.\n"
+         "\n"
+         "Opties:\n"
+         "  --help      deze tekst tonen\n"
+         "  --version   de versie tonen\n"
+         "\n"
+         "Afsluitcode: 0 na \"Normaal einde.\", 1 na \"Abnormaal einde.\" of een\n"
+         "onverwachte fout, 2 bij onjuist gebruik.\n";
+}
+
+int Generate(const std::string& script_path) {
+  if (Lower(script_path.size() >= 4 ? script_path.substr(script_path.size() - 4) : script_path) != ".kbs") {
+    // The log would be written over the file given.
+    std::cerr << "Bestand '" << script_path << "' heeft onjuist type.\n"
+              << "Het bestandstype moet '.kbs' zijn.\n";
+    return kExitUsage;
+  }
+  const ProgramSettings settings = LeesProgrammaInstellingen(FindProgramDirectory(), HomeDirectory());
+  SiteOmgeving omgeving{settings};
+  omgeving.observer = [](const std::string& line) { std::cout << line << '\n' << std::flush; };
+  const SiteResultaat result = MaakSite(script_path, omgeving);
+  if (result.onverwacht) {
+    std::cerr << "Onverwachte fout " << result.onverwacht->number() << " ("
+              << result.onverwacht->description() << "); het logbestand " << LogPad(script_path)
+              << " is onvolledig.\n";
+  }
+  return result.failed == kGelukt ? kExitOk : kExitFailed;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  if (argc != 2) {
+    PrintUsage(std::cerr);
+    return kExitUsage;
+  }
+  const std::string_view argument = argv[1];
+  if (argument == "--help" || argument == "-h") {
+    PrintUsage(std::cout);
+    return kExitOk;
+  }
+  if (argument == "--version") {
+    std::cout << ProgramCaption() << " (revisie " << BuildRevision() << ")\n";
+    return kExitOk;
+  }
+  if (StartsWith(argument, "--")) {
+    std::cerr << "Onbekende optie: " << argument << "\n\n";
+    PrintUsage(std::cerr);
+    return kExitUsage;
+  }
+  return Generate(std::string(argument));
+}

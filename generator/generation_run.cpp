@@ -1,0 +1,207 @@
+#include "generator/generation_run.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstdio>
+#include <new>
+
+#include "app/program_info.h"
+#include "gallery/file_system.h"
+#include "gallery/keyed_text_file.h"
+#include "gallery/text.h"
+#include "generator/text_helpers.h"
+
+namespace kiekbord {
+namespace {
+
+constexpr int kMaxPhotos = 512;
+
+std::string ThreeDigits(int i) {
+  char buffer[16];
+  std::snprintf(buffer, sizeof buffer, "%03d", i);
+  return buffer;
+}
+
+// The highest n of a "[Foto<n>]" header in the script: photo sections beyond
+// it cannot exist, so the photo loop need not look for them.
+int HighestPhotoSection(const LineTable& script) {
+  int highest = 0;
+  for (int i = 1; i <= script.Count(); ++i) {
+    const std::string line = Upper(script.Line(i));
+    if (!StartsWith(line, "[FOTO") || !EndsWith(line, "]")) continue;
+    const std::string digits = line.substr(5, line.size() - 6);
+    if (digits.empty() || digits.size() > 9 || digits.find_first_not_of("0123456789") != std::string::npos) continue;
+    highest = std::max(highest, std::stoi(digits));
+  }
+  return highest;
+}
+
+// Step 5 and 6: the script's values and the photos taken in.
+SiteGegevens LeesScriptWaarden(const LineTable& script) {
+  SiteGegevens g;
+  const auto algemeen = [&](const char* key, const char* fallback) {
+    return LeesWaarde(script, "Algemeen", key, fallback);
+  };
+  const auto instelling = [&](const char* key, const char* fallback) {
+    return LeesWaarde(script, "Instellingen", key, fallback);
+  };
+  g.uitvoer_dir = WithTrailingSlash(algemeen("UitvoerDir", ""));
+  g.titel = algemeen("Titel", "");
+  g.subtitel = algemeen("Subtitel", "");
+  g.datum = algemeen("Datum", "");
+  g.beschrijving = algemeen("Beschrijving", "");
+  g.thumbnails = algemeen("Thumbnails", "0");
+  const double aantal_fotos = LeadingNumber(algemeen("AantalFotos", "0"));
+  g.sjabloon = instelling("Sjabloon", "Klassiek");
+  g.fotos_per_pagina = instelling("AantalFotosPerPagina", "1");
+  g.presentatie = instelling("Presentatie", "0");
+  g.positie_fotos = instelling("PositieFotos", "0");
+  g.positie_bijschriften = instelling("PositieBijschriften", "0");
+  g.fotos_zonder_bijschrift = instelling("FotosZonderBijschrift", "0");
+  g.lettertype_titels = instelling("LetterTypeTitels", "0");
+  g.lettertype_bijschriften = instelling("LetterTypeBijschriften", "0");
+  g.lettergrootte_bijschriften = instelling("LetterGrootteBijschriften", "2");
+  g.letterstijl_bijschriften = instelling("LetterStijlBijschriften", "0");
+  g.kleur_tekst_op_achtergrond = KleurNaarHex(instelling("KleurTekstOpAchtergrond", "0"));
+  g.kleur_achtergrond = KleurNaarHex(instelling("KleurAchtergrond", "16777215"));
+  g.kleur_tekst_in_kader = KleurNaarHex(instelling("KleurTekstInKader", "0"));
+  g.kleur_kader = KleurNaarHex(instelling("KleurKader", "13421772"));
+
+  const int last = static_cast<int>(std::min<double>(aantal_fotos, HighestPhotoSection(script)));
+  for (int i = 1; i <= last; ++i) {
+    const std::string section = "Foto" + ThreeDigits(i);
+    std::string naam = LeesWaarde(script, section, "Foto", "");
+    std::string bijschrift = LeesWaarde(script, section, "Bijschrift", "");
+    const bool taken_in = CharCount(naam) >= 6 && EndsWith(naam, ".jpg") &&
+                          (!bijschrift.empty() || g.fotos_zonder_bijschrift == "0");
+    if (!taken_in) continue;
+    if (g.AantalFotos() == kMaxPhotos) throw RunError(fout::kSubscriptOutOfRange);
+    g.foto_namen.push_back(std::move(naam));
+    g.bijschriften.push_back(std::move(bijschrift));
+  }
+  return g;
+}
+
+// Step 8: the template paths. The photo template follows the caption
+// position and, for several photos per page or the automatic presentation,
+// its "m" or "a" form.
+void BouwSjabloonPaden(SiteGegevens& g, const ProgramSettings& settings) {
+  g.ext = settings.sjabloon_type;
+  g.sjabloon_dir = settings.sjabloon_dir + g.sjabloon + "/";
+  g.sjabloon_ini = g.sjabloon_dir + "sjabloon.ini";
+  g.titel_sjabloon = g.sjabloon_dir + "kbtitel" + g.ext;
+  g.overzicht_sjabloon = g.sjabloon_dir + "kbovz" + g.ext;
+  g.stijl_sjabloon = g.sjabloon_dir + "kb.css";
+
+  const double piece = std::nearbyint(LeadingNumber(g.positie_bijschriften) + 1);
+  if (piece < -32768 || piece > 32767) throw RunError(fout::kOverflow);
+  g.foto_sjabloon = g.sjabloon_dir + Deel(static_cast<int>(piece), ";", "kbfoto1;kbfoto2;kbfoto3") + g.ext;
+  // The whole path is searched for the extension, as it always was.
+  if (LeadingNumber(g.fotos_per_pagina) > 1) {
+    g.foto_sjabloon = Vervang(g.foto_sjabloon, g.ext, "m" + g.ext);
+  } else if (g.presentatie == "1") {
+    g.foto_sjabloon = Vervang(g.foto_sjabloon, g.ext, "a" + g.ext);
+  }
+}
+
+// Step 9: every missing template is logged; true when all are there.
+bool ControleerSjablonen(const SiteGegevens& g) {
+  bool ok = true;
+  const auto check = [&](const std::string& path, const char* role) {
+    if (Fs().FileExists(path)) return;
+    SchrijfLog("Sjabloon " + path + " voor " + role + " niet gevonden.");
+    ok = false;
+  };
+  check(g.titel_sjabloon, "titelpagina");
+  if (g.OverzichtAan()) check(g.overzicht_sjabloon, "overzichtspagina");
+  check(g.stijl_sjabloon, "opmaak");
+  check(g.foto_sjabloon, "fotopagina's");
+  return ok;
+}
+
+// Step 12: earlier photo and overview pages ("kb*" + extension) go.
+void VerwijderOudePaginas(const SiteGegevens& g) {
+  std::vector<std::string> old_pages;
+  // An output directory that cannot be listed has no old pages.
+  if (!Fs().ListFiles(g.uitvoer_dir, "kb*" + g.ext, old_pages).ok() || old_pages.empty()) return;
+  SchrijfLog("Verwijderen oude fotopagina's...");
+  for (const std::string& name : old_pages) {
+    const Status status = Fs().DeleteFile(g.uitvoer_dir + name);
+    if (!status.ok()) throw RunError(status);
+  }
+  SchrijfLog("Oude fotopagina's verwijderd.");
+}
+
+void Voer(const SiteSteps::Step& step, SiteRun& run) {
+  if (step && run.failed == kGelukt) step(run);
+}
+
+std::int16_t RunSteps(const std::string& script_path, const SiteOmgeving& omgeving) {
+  std::int16_t failed = kGelukt;
+  SchrijfLog("open:" + LogPad(script_path));
+  SchrijfLog("Aangemaakt met: " + ProgramCaption() + " (" + std::to_string(BuildRevision()) + ")");
+  SchrijfLog("Inlezen script " + script_path + "...");
+
+  LineTable script(capaciteit::kScript);
+  LeesRegels(script_path, script, false);
+  if (script.Failed()) {
+    SchrijfLog("Fout bij inlezen script: " + script.CountSlot());
+    failed = kMislukt;
+  } else {
+    SchrijfLog("Script " + script_path + " ingelezen.");
+  }
+
+  SiteGegevens gegevens = LeesScriptWaarden(script);
+  gegevens.script_path = script_path;
+  SchrijfLog("Variabelen uit script ingelezen.");
+  BouwSjabloonPaden(gegevens, omgeving.settings);
+  if (!ControleerSjablonen(gegevens)) failed = kMislukt;
+
+  SiteRun run{omgeving.settings, gegevens, NavigatieTeksten{}, failed, omgeving.voortgang};
+  if (run.failed == kGelukt) LeesNavigatieTeksten(gegevens.sjabloon_ini, run.navigatie);
+  if (run.failed == kGelukt) VerwijderOudePaginas(gegevens);
+
+  const SiteSteps& steps = omgeving.steps;
+  Voer(steps.titel_pagina, run);
+  if (gegevens.OverzichtAan()) {
+    Voer(steps.thumbnails, run);
+    Voer(steps.overzicht, run);
+  }
+  Voer(steps.stijlblad, run);
+  Voer(steps.foto_paginas, run);
+  // The copiers report in the log only; a failure of theirs is unexpected
+  // and cuts the run off.
+  Voer(steps.afbeeldingen, run);
+  Voer(steps.scripts, run);
+  Voer(steps.stijlbladen, run);
+
+  SchrijfLog(run.failed == kGelukt ? "Normaal einde." : "Abnormaal einde.");
+  SchrijfLog("close");
+  return run.failed;
+}
+
+}  // namespace
+
+std::string LogPad(const std::string& script_path) {
+  return DirectoryOf(script_path) + Vervang(Lower(FileNameOf(script_path)), ".kbs", ".log");
+}
+
+SiteResultaat MaakSite(const std::string& script_path, const SiteOmgeving& omgeving) {
+  ScopedLogObserver observer(omgeving.observer);
+  SiteResultaat result;
+  try {
+    result.failed = RunSteps(script_path, omgeving);
+  } catch (const RunError& error) {
+    result.failed = kMislukt;
+    result.onverwacht = error.status();
+  } catch (const std::bad_alloc&) {
+    result.failed = kMislukt;
+    result.onverwacht = Status::Error(7, "Out of memory");
+  } catch (const std::exception& error) {
+    result.failed = kMislukt;
+    result.onverwacht = Status::Error(fout::kProgramError, error.what());
+  }
+  return result;
+}
+
+}  // namespace kiekbord

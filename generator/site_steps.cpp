@@ -1,0 +1,10 @@
+#include "generator/site_run.h"
+
+namespace kiekbord {
+
+SiteSteps StandaardStappen() {
+  SiteSteps steps;
+  return steps;
+}
+
+}  // namespace kiekbord

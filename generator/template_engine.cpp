@@ -1,0 +1,198 @@
+#include "generator/template_engine.h"
+
+#include <array>
+#include <optional>
+#include <vector>
+
+#include "gallery/file_system.h"
+#include "gallery/text.h"
+#include "generator/text_helpers.h"
+
+namespace kiekbord {
+namespace {
+
+constexpr std::array<std::string_view, 4> kStructuralTags = {"<HEAD", "</HEAD", "<BODY", "</BODY"};
+
+// Stand-in for a value that itself contains "[": it holds no bracket, so the
+// marker scan cannot find a marker inside a filled value. Swapped for the
+// value when the line is done.
+constexpr std::string_view kValuePlaceholder = "\x01\x02KBWAARDE\x02\x01";
+
+std::vector<std::string> SplitLines(const std::string& text) {
+  std::vector<std::string> lines;
+  std::size_t pos = 0;
+  while (pos < text.size()) {
+    std::size_t end = text.find_first_of("\r\n", pos);
+    if (end == std::string::npos) end = text.size();
+    lines.emplace_back(text, pos, end - pos);
+    pos = end;
+    if (pos < text.size()) {
+      const bool crlf = text[pos] == '\r' && pos + 1 < text.size() && text[pos + 1] == '\n';
+      pos += crlf ? 2 : 1;
+    }
+  }
+  return lines;
+}
+
+bool IsTemplateComment(const std::string& line) {
+  return StartsWith(line, "<!--") && EndsWith(line, "-->") &&
+         Upper(line).find("SJABLOON", 4) != std::string::npos;
+}
+
+// Collects template lines into the table until it is full.
+class TemplateBuilder {
+ public:
+  explicit TemplateBuilder(LineTable& table) : table_(table) { table_.SetCount(0); }
+  bool Full() const { return count_ >= table_.capacity(); }
+  void Store(std::string line) {
+    if (Full()) return;
+    table_.Line(++count_) = std::move(line);
+    table_.SetCount(count_);
+  }
+
+ private:
+  LineTable& table_;
+  int count_ = 0;
+};
+
+void ReadTemplateLines(const std::vector<std::string>& lines, LineTable& table) {
+  TemplateBuilder out(table);
+  std::size_t next_line = 0;
+  std::size_t tag = 0;
+  bool collecting = false;
+  std::string tag_text;
+  std::optional<std::string> pending;
+
+  while (!out.Full()) {
+    std::string line;
+    if (pending) {
+      line = std::move(*pending);
+      pending.reset();
+    } else {
+      if (next_line >= lines.size()) break;
+      line = TrimSpaces(lines[next_line++]);
+      if (IsTemplateComment(line)) line.clear();
+    }
+    if (line.empty()) continue;
+
+    if (!collecting && tag < kStructuralTags.size()) {
+      const auto pos = Upper(line).find(kStructuralTags[tag]);
+      if (pos != std::string::npos) {
+        if (pos > 0) {
+          out.Store(line.substr(0, pos));
+          line.erase(0, pos);
+        }
+        collecting = true;
+        tag_text.clear();
+      }
+    }
+    if (!collecting) {
+      out.Store(std::move(line));
+      continue;
+    }
+
+    for (char& c : line) {
+      if (c == '\t') c = ' ';
+    }
+    tag_text = EnkeleSpaties(tag_text + " " + line);
+    const auto close = tag_text.find('>');
+    if (close == std::string::npos) continue;  // the tag goes on on the next line
+    if (close + 1 < tag_text.size()) {
+      pending = TrimSpaces(std::string_view(tag_text).substr(close + 1));
+      tag_text.erase(close + 1);
+    }
+    out.Store(std::move(tag_text));
+    tag_text.clear();
+    collecting = false;
+    ++tag;
+  }
+  if (pending && !pending->empty()) out.Store(std::move(*pending));
+}
+
+struct Marker {
+  std::size_t open;
+  std::size_t close;  // position of the "]"
+};
+
+// The next bracket pair from `start`, or nothing when the scan must stop: no
+// "[", no "]" after it, or fewer than five characters between them.
+std::optional<Marker> NextBracket(const std::string& line, std::size_t start) {
+  const auto open = line.find('[', start);
+  if (open == std::string::npos) return std::nullopt;
+  const auto close = line.find(']', open);
+  if (close == std::string::npos) return std::nullopt;
+  if (CharCount(std::string_view(line).substr(open, close - open)) < 6) return std::nullopt;
+  return Marker{open, close};
+}
+
+}  // namespace
+
+Status LeesSjabloonUitTekst(std::string_view bytes, LineTable& table) {
+  try {
+    ReadTemplateLines(SplitLines(DecodeText(bytes)), table);
+  } catch (const RunError& error) {
+    table.SetCountSlot(error.status().CountSlotText());
+    return error.status();
+  }
+  return Status::Ok();
+}
+
+Status LeesSjabloon(const std::string& path, LineTable& table) {
+  std::string bytes;
+  const Status status = Fs().ReadFile(path, bytes);
+  if (!status.ok()) {
+    table.SetCountSlot(status.CountSlotText());
+    return status;
+  }
+  return LeesSjabloonUitTekst(bytes, table);
+}
+
+bool IsTekstVeld(std::string_view name) {
+  return std::string_view("BIJSCHRIFT/TITEL/SUBTITEL/DATUM/BESCHRIJVING").find(Upper(name)) !=
+         std::string_view::npos;
+}
+
+void VervangVeld(std::string& line, std::string_view name, std::string_view value_in) {
+  CheckTextLength(line);
+  std::string value(value_in);
+  if (IsTekstVeld(name)) {
+    value = HtmlTekst(value);
+    if (Upper(name) == "BESCHRIJVING") value = Vervang(value, "&lt;br&gt;", "<br>");
+  }
+  bool placeholders_used = false;
+  std::size_t start = 0;
+  while (const auto marker = NextBracket(line, start)) {
+    const std::string text = line.substr(marker->open, marker->close - marker->open + 1);
+    const std::string inside = Upper(std::string_view(text).substr(1, text.size() - 2));
+    if (inside.find("VELD") == std::string::npos || inside.find("KIEKBORD") == std::string::npos ||
+        inside.find('=') == std::string::npos) {
+      start = marker->close;
+      continue;
+    }
+    std::string field = TrimSpaces(Deel(2, "=", inside));
+    const auto plus = field.find('+');
+    if (plus != std::string::npos && plus > 0) {
+      const std::string addend = TrimSpaces(Deel(2, "+", field));
+      field = TrimSpaces(Deel(1, "+", field));
+      // Intended: the sum replaces the value for the rest of the line, even
+      // when this marker belongs to another field.
+      if (IsNumber(value) && IsNumber(addend)) {
+        const double sum = LeadingNumber(value) + LeadingNumber(addend);
+        if (sum < -2147483648.0 || sum > 2147483647.0) throw RunError(fout::kOverflow);
+        value = NumberText(sum);
+      }
+    }
+    if (field != name) {
+      start = marker->close;
+      continue;
+    }
+    const bool value_has_bracket = value.find('[') != std::string::npos;
+    placeholders_used |= value_has_bracket;
+    line = Vervang(line, text, value_has_bracket ? std::string_view(kValuePlaceholder) : value);
+    CheckTextLength(line);
+    start = 0;
+  }
+  if (placeholders_used) line = Vervang(line, kValuePlaceholder, value);
+}
+
+}  // namespace kiekbord

@@ -1,0 +1,35 @@
+// Templates: reading a template into a line table with its structural tags
+// on lines of their own, and filling the field markers
+// ("[KIEKBORDVELD=NAAM]") of one line.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "gallery/line_table.h"
+#include "gallery/status.h"
+
+namespace kiekbord {
+
+// Reads a template: lines trimmed, empty lines and template comments
+// ("<!-- ... SJABLOON ... -->") dropped, and "<HEAD ...>", "</HEAD>",
+// "<BODY ...>" and "</BODY>" (the first of each, in that order) each put at
+// the start of a line of its own, a tag split over lines joined into one.
+// On failure slot 0 holds "%Error <n> <description>" and so does the status.
+Status LeesSjabloon(const std::string& path, LineTable& table);
+
+// The same on bytes already in memory.
+Status LeesSjabloonUitTekst(std::string_view bytes, LineTable& table);
+
+// True when `name` is a text field, whose values are HTML-escaped.
+bool IsTekstVeld(std::string_view name);
+
+// Fills every marker of field `name` (upper case) in `line` with `value`.
+// Values of text fields are escaped with HtmlTekst; a "<br>" in the
+// description survives. A marker with an addend ("FOTONUMMER+1") adds it to
+// a numeric value for the rest of the line. Inserted values are never
+// searched for markers again. Throws RunError(6) on a line longer than 32767
+// characters.
+void VervangVeld(std::string& line, std::string_view name, std::string_view value);
+
+}  // namespace kiekbord

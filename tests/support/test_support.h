@@ -1,0 +1,31 @@
+// Shared helpers for the tests: a scratch directory on the real disk and
+// whole-file reads and writes.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace kiekbord::test {
+
+// A fresh directory under the system's temporary directory, removed with
+// everything in it when the object goes. path() ends in "/".
+class TempDir {
+ public:
+  TempDir();
+  ~TempDir();
+  TempDir(const TempDir&) = delete;
+  TempDir& operator=(const TempDir&) = delete;
+  const std::string& path() const { return path_; }
+  std::string operator/(std::string_view name) const { return path_ + std::string(name); }
+
+ private:
+  std::string path_;
+};
+
+std::string ReadBytes(const std::string& path);
+void WriteBytes(const std::string& path, std::string_view bytes);
+
+// The directory of the tests' own data files, ending in "/".
+std::string TestDataDir();
+
+}  // namespace kiekbord::test
