@@ -14,6 +14,8 @@
 namespace kiekbord {
 namespace {
 
+// The photo tables hold 512 photos. A 1024-line script cannot name more
+// (each photo takes a header and a name line), so the overflow is a guard.
 constexpr int kMaxPhotos = 512;
 
 std::string ThreeDigits(int i) {

@@ -94,7 +94,10 @@ void ReadTemplateLines(const std::vector<std::string>& lines, LineTable& table) 
     for (char& c : line) {
       if (c == '\t') c = ' ';
     }
-    tag_text = EnkeleSpaties(tag_text + " " + line);
+    // The tag text is already collapsed, so only the new piece needs it.
+    const std::string piece = EnkeleSpaties(line);
+    if (!piece.empty()) tag_text += tag_text.empty() ? piece : " " + piece;
+    CheckTextLength(tag_text);
     const auto close = tag_text.find('>');
     if (close == std::string::npos) continue;  // the tag goes on on the next line
     if (close + 1 < tag_text.size()) {
