@@ -5,7 +5,7 @@ set -euo pipefail
 cd "$(dirname "$0")"
 
 PACKAGES=(cmake ninja-build g++ pkg-config git libgtest-dev libgmock-dev
-          libvips-dev libturbojpeg0-dev)
+          libvips-dev libturbojpeg0-dev qt6-base-dev qt6-translations-l10n)
 
 usage() {
   echo "Gebruik: $0 demo|test" >&2

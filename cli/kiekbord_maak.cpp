@@ -9,6 +9,7 @@
 #include "app/program_directory.h"
 #include "app/program_info.h"
 #include "app/program_settings.h"
+#include "cli/script_controle.h"
 #include "gallery/text.h"
 #include "generator/generation_run.h"
 
@@ -22,17 +23,21 @@ constexpr int kExitUsage = 2;
 
 void PrintUsage(std::ostream& out) {
   out << "Gebruik: kiekbord-maak SCRIPT.kbs\n"
+         "        kiekbord-maak --controleer SCRIPT.kbs\n"
          "\n"
          "Maakt de kiekbord van een opgeslagen script (.kbs): titelpagina, overzicht,\n"
          "fotopagina's, thumbnails en opmaak in de uitvoermap van het script. Het\n"
          "logbestand komt naast het script, met de extensie .log.\n"
          "\n"
          "Opties:\n"
-         "  --help      deze tekst tonen\n"
-         "  --version   de versie tonen\n"
+         "  --controleer  het script lezen zoals het venster het opent en tonen wat\n"
+         "                het inleest en zou melden; er wordt niets geschreven\n"
+         "  --help        deze tekst tonen\n"
+         "  --version     de versie tonen\n"
          "\n"
          "Afsluitcode: 0 na \"Normaal einde.\", 1 na \"Abnormaal einde.\" of een\n"
-         "onverwachte fout, 2 bij onjuist gebruik.\n";
+         "onverwachte fout, 2 bij onjuist gebruik. Met --controleer: 0 als het script\n"
+         "gelezen is, 1 als het niet te lezen is.\n";
 }
 
 int Generate(const std::string& script_path) {
@@ -54,9 +59,20 @@ int Generate(const std::string& script_path) {
   return result.failed == kGelukt ? kExitOk : kExitFailed;
 }
 
+int Controleer(const std::string& script_path) {
+  try {
+    const ProgramSettings settings = LeesProgrammaInstellingen(FindProgramDirectory(), HomeDirectory());
+    return ControleerScript(script_path, settings, std::cout) == 0 ? kExitOk : kExitFailed;
+  } catch (const std::exception& error) {
+    std::cerr << "Onverwachte fout bij het controleren van " << script_path << ": " << error.what() << "\n";
+    return kExitFailed;
+  }
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
+  if (argc == 3 && std::string_view(argv[1]) == "--controleer") return Controleer(argv[2]);
   if (argc != 2) {
     PrintUsage(std::cerr);
     return kExitUsage;

@@ -4,6 +4,7 @@
 // thumbnail run and the asset copiers.
 #pragma once
 
+#include <chrono>
 #include <cstdint>
 #include <functional>
 #include <string>
@@ -87,5 +88,8 @@ struct SiteSteps {
 
 // The program's real steps.
 SiteSteps StandaardStappen();
+
+// The real steps with another "today" for the pages' head block (tests).
+SiteSteps StandaardStappen(std::function<std::chrono::year_month_day()> vandaag);
 
 }  // namespace kiekbord

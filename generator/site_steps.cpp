@@ -1,9 +1,45 @@
 #include "generator/site_run.h"
 
+#include "gallery/dutch_date.h"
+#include "generator/asset_copiers.h"
+#include "generator/head_and_credit.h"
+#include "generator/overview_page.h"
+#include "generator/photo_pages.h"
+#include "generator/style_sheet.h"
+#include "generator/title_page.h"
+#include "images/thumbnails.h"
+
 namespace kiekbord {
 
-SiteSteps StandaardStappen() {
+SiteSteps StandaardStappen() { return StandaardStappen(VandaagLokaal); }
+
+SiteSteps StandaardStappen(std::function<std::chrono::year_month_day()> vandaag) {
   SiteSteps steps;
+  steps.titel_pagina = [vandaag](SiteRun& run) {
+    MaakTitelPagina(run, KopEnCreditVoor(run.settings, vandaag()));
+  };
+  steps.thumbnails = [](SiteRun& run) {
+    const ThumbnailOpties opties{run.settings.program_dir, 0, run.voortgang};
+    if (MaakThumbnails(run.gegevens.uitvoer_dir, run.gegevens.AantalFotos(), run.gegevens.foto_namen, opties)) {
+      run.failed = kMislukt;
+    }
+  };
+  steps.overzicht = [vandaag](SiteRun& run) {
+    MaakOverzichtPagina(run, KopEnCreditVoor(run.settings, vandaag()));
+  };
+  steps.stijlblad = MaakStijlblad;
+  steps.foto_paginas = [vandaag](SiteRun& run) {
+    MaakFotoPaginas(run, KopEnCreditVoor(run.settings, vandaag()));
+  };
+  steps.afbeeldingen = [](SiteRun& run) {
+    KopieerAfbeeldingen(run.gegevens.sjabloon_dir, run.gegevens.uitvoer_dir);
+  };
+  steps.scripts = [](SiteRun& run) {
+    KopieerScripts(run.gegevens.sjabloon_dir, run.gegevens.uitvoer_dir);
+  };
+  steps.stijlbladen = [](SiteRun& run) {
+    KopieerStijlbladen(run.gegevens.sjabloon_dir, run.gegevens.uitvoer_dir);
+  };
   return steps;
 }
 

@@ -1,0 +1,60 @@
+#include "app/user_preferences.h"
+
+#include <cmath>
+#include <limits>
+
+#include "gallery/text.h"
+
+namespace kiekbord {
+namespace {
+
+constexpr std::string_view kRecent = "Recent";
+
+// A stored flag: its leading number (0 for a text that is none), or the
+// default when the key is missing.
+std::int16_t Vlag(const VoorkeurenOpslag& opslag, std::string_view sectie, std::string_view sleutel,
+                  std::int16_t standaard) {
+  const std::optional<std::string> waarde = opslag.Lees(sectie, sleutel);
+  if (!waarde) return standaard;
+  const double getal = std::nearbyint(LeadingNumber(TrimSpaces(*waarde)));
+  if (getal < std::numeric_limits<std::int16_t>::min() || getal > std::numeric_limits<std::int16_t>::max()) {
+    return 0;
+  }
+  return static_cast<std::int16_t>(getal);
+}
+
+}  // namespace
+
+UserPreferences LeesVoorkeuren(const VoorkeurenOpslag& opslag) {
+  UserPreferences v;
+  v.vraag_bij_afsluiten = Vlag(opslag, "Exit", "Question", 1);
+  v.lopende_browser = Vlag(opslag, "MSIE", "DDE", 1);
+  v.nieuw_in_laatste_dir = Vlag(opslag, kRecent, "Default", 1);
+  v.backup_bij_bewerken = Vlag(opslag, "Rotate", "Backup", 1);
+  v.foto_programma = opslag.Lees("Photo", "Editor").value_or("");
+  return v;
+}
+
+void SchrijfVoorkeuren(VoorkeurenOpslag& opslag, const UserPreferences& v) {
+  opslag.Schrijf("Exit", "Question", std::to_string(v.vraag_bij_afsluiten));
+  opslag.Schrijf("MSIE", "DDE", std::to_string(v.lopende_browser));
+  opslag.Schrijf(kRecent, "Default", std::to_string(v.nieuw_in_laatste_dir));
+  opslag.Schrijf("Rotate", "Backup", std::to_string(v.backup_bij_bewerken));
+  opslag.Schrijf("Photo", "Editor", v.foto_programma);
+}
+
+std::string LeesLaatsteDir(const VoorkeurenOpslag& opslag) { return opslag.Lees(kRecent, "LastDir").value_or(""); }
+
+void SchrijfLaatsteDir(VoorkeurenOpslag& opslag, std::string_view directory) {
+  opslag.Schrijf(kRecent, "LastDir", directory);
+}
+
+std::string LeesLaatsteScript(const VoorkeurenOpslag& opslag) {
+  return opslag.Lees(kRecent, "ScriptFile").value_or("");
+}
+
+void SchrijfLaatsteScript(VoorkeurenOpslag& opslag, std::string_view pad) {
+  opslag.Schrijf(kRecent, "ScriptFile", pad);
+}
+
+}  // namespace kiekbord

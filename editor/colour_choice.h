@@ -1,0 +1,30 @@
+// The gallery's four colours: which colour each may not equal, the refusal
+// when it does, and the colours a new gallery starts with.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+
+#include "app/program_settings.h"
+#include "gallery/gallery_script.h"
+#include "gallery/melding.h"
+
+namespace kiekbord {
+
+enum class KleurRol { kTekstOpAchtergrond, kAchtergrond, kTekstInKader, kKader };
+
+// The colour of `rol` in `script`, and the colour it is shown on or carries.
+std::int32_t& KleurVan(GalleryScript& script, KleurRol rol);
+std::int32_t KleurVan(const GalleryScript& script, KleurRol rol);
+std::int32_t PartnerKleur(const GalleryScript& script, KleurRol rol);
+
+// Sets colour `rol` to `kleur` unless it equals its partner; then the
+// colours stay as they are and the warning comes back.
+std::optional<Melding> KiesKleur(GalleryScript& script, KleurRol rol, std::int32_t kleur);
+
+// The colours of a new gallery: the default colours of "KBord.ini" where they
+// are set (a colour number or an HTML colour), the record's defaults where
+// they are not ("x" or empty) or cannot be read.
+void StandaardKleuren(const ProgramSettings& settings, GalleryScript& script);
+
+}  // namespace kiekbord

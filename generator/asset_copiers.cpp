@@ -1,0 +1,130 @@
+#include "generator/asset_copiers.h"
+
+#include <cstdint>
+#include <string_view>
+#include <vector>
+
+#include "gallery/file_system.h"
+#include "gallery/status.h"
+#include "gallery/text.h"
+#include "generator/generation_log.h"
+
+namespace kiekbord {
+namespace {
+
+constexpr std::size_t kMaxBestanden = 512;
+
+// One kind of asset: how it is found and what the log says about it.
+struct AssetSoort {
+  // Listing patterns ("*.gif"), in search order. A listed name is kept only
+  // when it ends, in lower case, in the pattern's extension: that drops names
+  // a pattern matches through a longer extension.
+  std::vector<std::string_view> patronen;
+  std::string_view uitgesloten;  // a lower-case name never copied, or empty
+  std::string_view gevonden;     // follows the count
+  std::string_view geen_gevonden;
+  std::string_view gekopieerd;   // follows the count
+  std::string_view geen_gekopieerd;
+};
+
+const AssetSoort kAfbeeldingen{
+    {"*.gif", "*.jpg"},
+    "",
+    " Afbeelding(en) gevonden in sjabloondirectory.",
+    "Geen afbeeldingen gevonden in sjabloondirectory.",
+    " Afbeelding(en) gekopieerd naar uitvoerdirectory.",
+    "Geen afbeeldingen gekopieerd naar uitvoerdirectory."};
+
+const AssetSoort kScripts{
+    {"*.js"},
+    "",
+    " Script(s) gevonden in sjabloondirectory.",
+    "Geen scripts gevonden in sjabloondirectory.",
+    " Script(s) gekopieerd naar uitvoerdirectory.",
+    "Geen scripts gekopieerd naar uitvoerdirectory."};
+
+// "kb.css" is the template of the style sheet writer, not an extra sheet.
+const AssetSoort kStijlbladen{
+    {"*.css"},
+    "kb.css",
+    " Extra stylesheet(s) gevonden in sjabloondirectory.",
+    "Geen extra stylesheets gevonden in sjabloondirectory.",
+    " Extra stylesheet(s) gekopieerd naar uitvoerdirectory.",
+    "Geen extra stylesheets gekopieerd naar uitvoerdirectory."};
+
+bool IsGezocht(const std::string& naam, std::string_view patroon, const AssetSoort& soort) {
+  const std::string lower = Lower(naam);
+  return EndsWith(lower, patroon.substr(1)) && lower != soort.uitgesloten;
+}
+
+// The names to copy, in listing order, at most kMaxBestanden. A template
+// directory that cannot be listed holds none.
+std::vector<std::string> ZoekAssets(const std::string& sjabloon_dir, const AssetSoort& soort) {
+  std::vector<std::string> gevonden;
+  for (const std::string_view patroon : soort.patronen) {
+    std::vector<std::string> namen;
+    if (!Fs().ListFiles(sjabloon_dir, std::string(patroon), namen).ok()) continue;
+    for (const std::string& naam : namen) {
+      if (!IsGezocht(naam, patroon, soort)) continue;
+      gevonden.push_back(naam);
+      if (gevonden.size() == kMaxBestanden) return gevonden;
+    }
+  }
+  return gevonden;
+}
+
+FileInfo InfoVan(const std::string& path) {
+  FileInfo info;
+  const Status status = Fs().GetFileInfo(path, info);
+  if (!status.ok()) throw RunError(status);
+  return info;
+}
+
+// Whole seconds, rounded down: the file times were always compared to the
+// second, and file systems differ in the finer part.
+std::int64_t Seconden(std::int64_t ns) {
+  constexpr std::int64_t kPerSeconde = 1000000000;
+  return ns >= 0 ? ns / kPerSeconde : -((-ns + kPerSeconde - 1) / kPerSeconde);
+}
+
+bool IsActueel(const std::string& bron, const std::string& doel) {
+  if (!Fs().FileExists(doel)) return false;
+  return Seconden(InfoVan(bron).modified_ns) == Seconden(InfoVan(doel).modified_ns);
+}
+
+void KopieerAssets(const std::string& sjabloon_dir, const std::string& uitvoer_dir,
+                   const AssetSoort& soort) {
+  const std::vector<std::string> namen = ZoekAssets(sjabloon_dir, soort);
+  SchrijfLog(namen.empty() ? std::string(soort.geen_gevonden)
+                           : std::to_string(namen.size()) + std::string(soort.gevonden));
+  std::size_t gekopieerd = 0;
+  for (const std::string& naam : namen) {
+    const std::string bron = sjabloon_dir + naam;
+    // The copy's name is lower case, so that is the name to look for: on a
+    // case-sensitive disk the template's own spelling would never be found
+    // and the file would be copied on every run.
+    const std::string doel = uitvoer_dir + Lower(naam);
+    if (IsActueel(bron, doel)) continue;
+    const Status status = CopyFileKeepingTime(bron, doel);
+    if (!status.ok()) throw RunError(status);
+    ++gekopieerd;
+  }
+  SchrijfLog(gekopieerd == 0 ? std::string(soort.geen_gekopieerd)
+                             : std::to_string(gekopieerd) + std::string(soort.gekopieerd));
+}
+
+}  // namespace
+
+void KopieerAfbeeldingen(const std::string& sjabloon_dir, const std::string& uitvoer_dir) {
+  KopieerAssets(sjabloon_dir, uitvoer_dir, kAfbeeldingen);
+}
+
+void KopieerScripts(const std::string& sjabloon_dir, const std::string& uitvoer_dir) {
+  KopieerAssets(sjabloon_dir, uitvoer_dir, kScripts);
+}
+
+void KopieerStijlbladen(const std::string& sjabloon_dir, const std::string& uitvoer_dir) {
+  KopieerAssets(sjabloon_dir, uitvoer_dir, kStijlbladen);
+}
+
+}  // namespace kiekbord

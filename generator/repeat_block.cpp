@@ -1,0 +1,100 @@
+#include "generator/repeat_block.h"
+
+#include <utility>
+
+#include "gallery/file_system.h"
+#include "gallery/status.h"
+#include "gallery/text.h"
+#include "generator/template_engine.h"
+
+namespace kiekbord {
+namespace {
+
+bool Bevat(std::string_view text, std::string_view part) {
+  return text.find(part) != std::string_view::npos;
+}
+
+void NoteerBodyTag(HerhaalBlok& blok, int i, std::string_view line) {
+  const std::string begin = TrimLeadingSpaces(Upper(line));
+  if (StartsWith(begin, "<BODY")) blok.begin = i;
+  if (StartsWith(begin, "</BODY")) blok.einde = i;
+}
+
+void NoteerMarkering(HerhaalBlok& blok, int i, std::string_view line) {
+  switch (HerhaalMarkeringVan(line)) {
+    case HerhaalMarkering::kBegin:
+      blok.begin = i;
+      break;
+    case HerhaalMarkering::kEinde:
+      blok.einde = i;
+      break;
+    case HerhaalMarkering::kGeen:
+      break;
+  }
+}
+
+}  // namespace
+
+HerhaalMarkering HerhaalMarkeringVan(std::string_view line) {
+  const std::string upper = Upper(line);
+  const bool commentaar =
+      StartsWith(TrimLeadingSpaces(upper), "<!--") && EndsWith(TrimSpaces(upper), "-->");
+  if (!commentaar || !Bevat(upper, "HERHAAL") || !Bevat(upper, "KIEKBORD") || !Bevat(upper, "=")) {
+    return HerhaalMarkering::kGeen;
+  }
+  if (Bevat(upper, "BEGIN")) return HerhaalMarkering::kBegin;
+  if (Bevat(upper, "EINDE")) return HerhaalMarkering::kEinde;
+  return HerhaalMarkering::kGeen;
+}
+
+HerhaalBlok BereidBlokSjabloonVoor(LineTable& sjabloon, PaginaRegels& regels) {
+  HerhaalBlok blok;
+  const int count = sjabloon.Count();
+  for (int i = 1; i <= count; ++i) {
+    NoteerBodyTag(blok, i, sjabloon.Line(i));
+    regels.VerwerkRegel(sjabloon.Line(i));
+  }
+  // Markers are looked for after the body tags, so they override them.
+  for (int i = 1; i <= count; ++i) NoteerMarkering(blok, i, sjabloon.Line(i));
+  return blok;
+}
+
+void VulVelden(std::string& line, const std::vector<Veld>& velden) {
+  if (line.find('[') == std::string::npos) return;
+  for (const Veld& veld : velden) VervangVeld(line, veld.naam, veld.waarde);
+}
+
+BlokPagina::BlokPagina(const LineTable& sjabloon, HerhaalBlok blok)
+    : sjabloon_(sjabloon), blok_(blok) {}
+
+void BlokPagina::SchrijfKop(const std::vector<Veld>& velden) {
+  SchrijfRegels(1, blok_.begin, velden);
+}
+
+void BlokPagina::SchrijfBlok(const std::vector<Veld>& velden) {
+  SchrijfRegels(EersteBlokRegel(), LaatsteBlokRegel(), velden);
+}
+
+void BlokPagina::SchrijfStaart(const std::vector<Veld>& velden) {
+  SchrijfRegels(blok_.einde, sjabloon_.Count(), velden);
+}
+
+void BlokPagina::Voeg(std::string_view line) {
+  tekst_ += line;
+  tekst_ += "\r\n";
+}
+
+void BlokPagina::Bewaar(const std::string& path) const {
+  const Status status = Fs().WriteFile(path, tekst_);
+  if (!status.ok()) throw RunError(status);
+}
+
+void BlokPagina::SchrijfRegels(int van, int tot, const std::vector<Veld>& velden) {
+  for (int i = van; i <= tot; ++i) {
+    std::string line = sjabloon_.Line(i);
+    VulVelden(line, velden);
+    Voeg(line);
+  }
+}
+
+}  // namespace kiekbord

@@ -1,0 +1,116 @@
+#include "images/pixel_edit.h"
+
+#include <algorithm>
+
+#include "gallery/file_system.h"
+#include "gallery/text.h"
+#include "generator/generation_log.h"
+#include "images/failure_report.h"
+#include "images/ijl_library.h"
+#include "images/photo_backup.h"
+
+namespace kiekbord {
+namespace {
+
+constexpr std::string_view kThumbnailFrase = " tijdens aanmaken IJL thumbnail.";
+constexpr std::string_view kRoteerFrase = " tijdens roteren foto.";
+
+Status RoteerFout(Status fout) {
+  MeldFout(FoutTekst(fout, kRoteerFrase, false));
+  return fout;
+}
+
+}  // namespace
+
+void PuntThumbnail(const cDIBSection& bron, cDIBSection& doel, int d) {
+  // The sample rows and columns run up to and including the source's height
+  // and width; the one past the edge falls outside and is left out.
+  for (int ty = 0, sy = 0; sy <= bron.Height(); ++ty, sy += d) {
+    for (int tx = 0, sx = 0; sx <= bron.Width(); ++tx, sx += d) {
+      if (bron.Contains(sx, sy) && doel.Contains(tx, ty)) doel.SetPixel(tx, ty, bron.GetPixel(sx, sy));
+    }
+  }
+}
+
+bool RoteerPixels(const cDIBSection& bron, cDIBSection& doel, bool links) {
+  const int w = bron.Width();
+  const int h = bron.Height();
+  if (!doel.Create(h, w)) return false;
+  for (int y = 0; y < h; ++y) {
+    for (int x = 0; x < w; ++x) {
+      if (links) {
+        doel.SetPixel(y, w - 1 - x, bron.GetPixel(x, y));
+      } else {
+        doel.SetPixel(h - 1 - y, x, bron.GetPixel(x, y));
+      }
+    }
+  }
+  return true;
+}
+
+bool IsLinksom(std::string_view richting) {
+  return Lower(richting.substr(0, std::min<std::size_t>(richting.size(), 5))) == "links";
+}
+
+ThumbnailWerk MaakIjlThumbnail(std::string_view jpeg, const std::string& thumb_pad) {
+  ThumbnailWerk werk;
+  cDIBSection bron;
+  werk.fout = LoadJPGUitBytes(bron, jpeg);
+  if (!werk.fout.ok()) return werk;
+  werk.aanmaak_regel = "Aanmaken (IJL) thumbnail " + thumb_pad + "...";
+  const ThumbnailMaat maat = BerekenThumbnailMaat(bron.Width(), bron.Height());
+  cDIBSection doel;
+  if (!doel.Create(maat.breedte, maat.hoogte)) {
+    werk.fout = Status::Error(7, "Out of memory");
+    return werk;
+  }
+  PuntThumbnail(bron, doel, ThumbnailDeler(bron.Width(), bron.Height()));
+  bron.ClearUp();
+  werk.fout = SaveJPGNaarBytes(doel, kIjlKwaliteit, werk.jpeg);
+  return werk;
+}
+
+Status VoltooiIjlThumbnail(const ThumbnailWerk& werk, const std::string& thumb_pad) {
+  if (!werk.aanmaak_regel.empty()) SchrijfLog(werk.aanmaak_regel);
+  Status status = werk.fout;
+  if (status.ok()) status = Fs().WriteFile(thumb_pad, werk.jpeg);
+  if (!status.ok()) {
+    SchrijfLog(status.description());
+    MeldFout(FoutTekst(status, kThumbnailFrase, false));
+  }
+  return status;
+}
+
+Status IJLMaakThumb(const std::string& foto_pad, const std::string& thumb_pad) {
+  std::string jpeg;
+  const Status gelezen = Fs().ReadFile(foto_pad, jpeg);
+  const ThumbnailWerk werk = gelezen.ok() ? MaakIjlThumbnail(jpeg, thumb_pad) : ThumbnailWerk{"", gelezen, ""};
+  return VoltooiIjlThumbnail(werk, thumb_pad);
+}
+
+Status IJLRoteerImg(const std::string& foto_pad, std::string_view richting, bool maak_backup) {
+  if (maak_backup && MaakBackup(foto_pad).empty()) {
+    return RoteerFout(Status::Error(fout::kProgramError, "Error creating backup."));
+  }
+  cDIBSection bron;
+  const Status geladen = LoadJPG(bron, foto_pad);
+  if (!geladen.ok()) return RoteerFout(geladen);
+  cDIBSection doel;
+  if (!RoteerPixels(bron, doel, IsLinksom(richting))) return RoteerFout(Status::Error(7, "Out of memory"));
+  bron.ClearUp();
+
+  const std::string tmp_pad = foto_pad + "_tmp";
+  const Status opzij = Fs().RenameFile(foto_pad, tmp_pad);
+  if (!opzij.ok()) return RoteerFout(opzij);
+  const Status opgeslagen = SaveJPG(doel, foto_pad, kIjlKwaliteit);
+  if (!opgeslagen.ok()) {
+    // Put the photo back rather than leave it only under its "_tmp" name.
+    const Status terug = Fs().RenameFile(tmp_pad, foto_pad);
+    return RoteerFout(terug.ok() ? opgeslagen : terug);
+  }
+  // The old photo is no longer needed; a "_tmp" file left behind is harmless.
+  (void)Fs().DeleteFile(tmp_pad);
+  return Status::Ok();
+}
+
+}  // namespace kiekbord

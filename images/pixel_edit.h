@@ -1,0 +1,50 @@
+// The pixel-buffer library's photo operations: the point-sampled thumbnail
+// and the quarter-turn rotation, done pixel by pixel on cDIBSection buffers.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "gallery/status.h"
+#include "images/pixel_buffer.h"
+#include "images/thumbnail_work.h"
+
+namespace kiekbord {
+
+// Point sampling with divisor d into `doel` (already made at the thumbnail
+// size): target pixel (tx, ty) takes source pixel (tx x d, ty x d); samples
+// outside either buffer are left out, nothing is averaged.
+void PuntThumbnail(const cDIBSection& bron, cDIBSection& doel, int d);
+
+// A quarter turn of `bron` into `doel`, made anew at H x W. Anticlockwise
+// (`links`): source (x, y) goes to (y, W - 1 - x); clockwise: to
+// (H - 1 - y, x). False when `doel` cannot be made.
+bool RoteerPixels(const cDIBSection& bron, cDIBSection& doel, bool links);
+
+// True when the first five characters of `richting`, lower-cased, are
+// "links" (a quarter turn anticlockwise).
+bool IsLinksom(std::string_view richting);
+
+// The make half of IJLMaakThumb on the photo's bytes: decode, sample, encode
+// at quality 90. Writes nothing.
+ThumbnailWerk MaakIjlThumbnail(std::string_view jpeg, const std::string& thumb_pad);
+
+// The finish half, on the calling thread: logs "Aanmaken (IJL) thumbnail
+// ..." when the photo loaded, writes the thumbnail through Fs(). A failure
+// of either half is logged (its description alone) and shown as "Fout <n>
+// tijdens aanmaken IJL thumbnail.(<description>)", and not passed on: the
+// returned status is for the caller's information only.
+Status VoltooiIjlThumbnail(const ThumbnailWerk& werk, const std::string& thumb_pad);
+
+// Both halves for one photo.
+Status IJLMaakThumb(const std::string& foto_pad, const std::string& thumb_pad);
+
+// Rotates the photo a quarter turn in place at quality 90, after a backup
+// when `maak_backup`. The photo is renamed to path + "_tmp", the turned image
+// written to the path and the "_tmp" file deleted; when writing fails the
+// "_tmp" file is renamed back, so the photo is never lost. A failure is shown
+// as "Fout <n> tijdens roteren foto.(<description>)" and returned; nothing is
+// logged.
+Status IJLRoteerImg(const std::string& foto_pad, std::string_view richting, bool maak_backup);
+
+}  // namespace kiekbord

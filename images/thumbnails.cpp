@@ -1,0 +1,294 @@
+#include "images/thumbnails.h"
+
+#include <malloc.h>
+
+#include <algorithm>
+#include <cstdio>
+#include <ctime>
+#include <deque>
+#include <future>
+#include <mutex>
+#include <new>
+
+#include "gallery/file_system.h"
+#include "gallery/keyed_text_file.h"
+#include "gallery/line_table.h"
+#include "gallery/status.h"
+#include "gallery/text.h"
+#include "generator/generation_log.h"
+#include "generator/text_helpers.h"
+#include "images/library_choice.h"
+#include "images/pixel_edit.h"
+#include "images/smooth_library.h"
+#include "images/turbo_jpeg.h"
+#include "images/worker_pool.h"
+
+namespace kiekbord {
+namespace {
+
+// What decoding photos at once may take: together with the program itself
+// this keeps a run under 200 MB even when several large progressive photos
+// (which hold all their coefficients while decoding) come together.
+constexpr std::int64_t kGeheugenBudget = std::int64_t{96} << 20;
+
+// The memory a photo's thumbnail takes to make, the file's bytes included.
+std::int64_t GeschatGeheugen(ImageLibrary library, std::string_view jpeg) {
+  std::int64_t bytes = static_cast<std::int64_t>(jpeg.size());
+  JpegKop kop;
+  if (!LeesJpegKop(jpeg, kop).ok()) return bytes;
+  bytes += DecodeerWerkgeheugen(kop);
+  // The pixel-buffer library decodes the whole photo.
+  if (library == ImageLibrary::kIjl11) bytes += kop.Beeldpunten() * 3;
+  return bytes;
+}
+
+// The make half of a thumbnail, on a worker: reads the photo and makes the
+// thumbnail in memory.
+ThumbnailWerk MaakWerk(ImageLibrary library, const std::string& foto, const std::string& thumb,
+                       MemoryBudget& budget) {
+  std::string jpeg;
+  // Read into one buffer of the right size instead of one grown piecemeal.
+  FileInfo info;
+  if (Fs().GetFileInfo(foto, info).ok() && info.size > 0) jpeg.reserve(static_cast<std::size_t>(info.size));
+  const Status gelezen = Fs().ReadFile(foto, jpeg);
+  if (!gelezen.ok()) return ThumbnailWerk{"", gelezen, ""};
+  const MemoryBudget::Reservation reservering = budget.Reserve(GeschatGeheugen(library, jpeg));
+  return library == ImageLibrary::kGdiPlus ? MaakGdiThumbnail(jpeg, thumb) : MaakIjlThumbnail(jpeg, thumb);
+}
+
+// Lets all workers allocate from one heap. By default glibc gives each
+// thread a heap of its own and keeps each heap as large as the largest photo
+// its thread ever decoded, so the process grows by one large photo per core
+// (195 MB on two cores for the bench corpus; 153 MB with one heap, at the
+// same processor time).
+void DeelEenHeap() {
+  static std::once_flag once;
+  std::call_once(once, [] { ::mallopt(M_ARENA_MAX, 1); });
+}
+
+// A photo whose thumbnail is being made.
+struct Taak {
+  int index = 0;
+  std::string thumb;
+  std::future<ThumbnailWerk> werk;
+  // Set when recording the photo in the list failed: the run ends after
+  // this photo's thumbnail, as it would have one by one.
+  Status lijst_fout;
+};
+
+class ThumbnailRun {
+ public:
+  ThumbnailRun(const std::string& foto_dir, int aantal, const std::vector<std::string>& namen,
+               const ThumbnailOpties& opties, ImageLibrary library)
+      : foto_dir_(foto_dir),
+        namen_(namen.begin(), namen.begin() + std::clamp(aantal, 0, static_cast<int>(namen.size()))),
+        opties_(opties),
+        library_(library),
+        lijst_pad_(foto_dir + "kb_tn.txt"),
+        lijst_(capaciteit::kThumbnailList) {}
+
+  Status Run() {
+    Status status = LeesLijst();
+    if (status.ok()) status = VerwerkFotos();
+    if (!status.ok()) return status;
+    SchrijfLog(std::to_string(teller_) + " Thumbnails (opnieuw) aangemaakt.");
+    status = SchrijfRegels(lijst_pad_, lijst_);
+    if (!status.ok()) return status;
+    SchrijfLog("Bestand " + lijst_pad_ + " geschreven.");
+    return status;
+  }
+
+ private:
+  Status LeesLijst() {
+    if (!Fs().FileExists(lijst_pad_)) return Status::Ok();
+    SchrijfLog("(Bestand " + lijst_pad_ + " gedetecteerd.)");
+    const Status status = LeesRegels(lijst_pad_, lijst_, false);
+    if (!status.ok()) return status;
+    SchrijfLog("Bestand " + lijst_pad_ + " inlezen.");
+    return status;
+  }
+
+  int Gelijktijdig() const {
+    return opties_.gelijktijdig > 0 ? opties_.gelijktijdig : WorkerPool::Cores();
+  }
+
+  // Decides photo by photo, in order, whether its thumbnail is made; the
+  // making runs ahead on the workers while the finishing (log, file, list)
+  // follows in order.
+  Status VerwerkFotos() {
+    const int gelijktijdig = Gelijktijdig();
+    if (gelijktijdig > 1) DeelEenHeap();
+    MemoryBudget budget(kGeheugenBudget);
+    // One at a time runs on this thread; otherwise a few photos wait ready
+    // so no worker idles while the oldest is finished.
+    WorkerPool pool(gelijktijdig == 1 ? 0 : gelijktijdig);
+    const std::size_t venster = gelijktijdig == 1 ? 1 : 2 * static_cast<std::size_t>(gelijktijdig);
+
+    for (int i = 0; i < static_cast<int>(namen_.size()); ++i) {
+      bool stop = false;
+      Status status = BeslisFoto(i, pool, budget, stop);
+      while (status.ok() && wachtend_.size() >= venster) status = VoltooiOudste();
+      if (!status.ok()) return status;
+      MeldVoortgang();
+      if (stop) break;
+    }
+    while (!wachtend_.empty()) {
+      const Status status = VoltooiOudste();
+      if (!status.ok()) return status;
+      MeldVoortgang();
+    }
+    return Status::Ok();
+  }
+
+  // Steps of one photo up to the making of its thumbnail. `stop` is set
+  // when no further photo may be started.
+  Status BeslisFoto(int i, WorkerPool& pool, MemoryBudget& budget, bool& stop) {
+    beslist_ = i;
+    const std::string foto = foto_dir_ + namen_[static_cast<std::size_t>(i)];
+    const std::string basis = BasisNaam(foto);
+    if (EndsWith(basis, "_tn") || Extensie(foto) != ".jpg") return Status::Ok();
+    const std::string thumb = ThumbnailPad(foto);
+
+    // An earlier photo still being made may write the very files this one
+    // looks at (the same photo twice in the gallery, say): finish it first.
+    Status status = VoltooiSchrijversVan(foto, thumb);
+    if (!status.ok()) return status;
+    FileInfo info;
+    status = Fs().GetFileInfo(foto, info);
+    if (!status.ok()) {
+      // One by one, every earlier photo would be done before this failure.
+      const Status eerder = VoltooiAlle();
+      return eerder.ok() ? status : eerder;
+    }
+    const std::string tijd = DatumTijdTekst(info.modified_ns);
+    const std::string grootte = std::to_string(info.size);
+    const bool ongewijzigd = LeesWaarde(lijst_, basis, "grootte", "xx") == grootte &&
+                             LeesWaarde(lijst_, basis, "datumtijd", "xx") == tijd &&
+                             Fs().FileExists(thumb);
+    if (ongewijzigd) return Status::Ok();
+
+    Taak taak;
+    taak.index = i;
+    taak.thumb = thumb;
+    const ImageLibrary library = library_;
+    taak.werk = pool.Submit([library, foto, thumb, &budget] { return MaakWerk(library, foto, thumb, budget); });
+    // The list is brought up to date now, as the photo's thumbnail will be
+    // made before the next photo is looked at; should the making fail, the
+    // run ends and the list is never written.
+    taak.lijst_fout = SchrijfWaarde(lijst_, basis, "datumtijd", tijd);
+    if (taak.lijst_fout.ok()) taak.lijst_fout = SchrijfWaarde(lijst_, basis, "grootte", grootte);
+    stop = !taak.lijst_fout.ok();
+    ++teller_;
+    wachtend_.push_back(std::move(taak));
+    return Status::Ok();
+  }
+
+  Status VoltooiSchrijversVan(const std::string& foto, const std::string& thumb) {
+    const auto schrijft = [&](const Taak& taak) { return taak.thumb == foto || taak.thumb == thumb; };
+    const auto laatste = std::find_if(wachtend_.rbegin(), wachtend_.rend(), schrijft);
+    for (auto n = std::distance(laatste, wachtend_.rend()); n > 0; --n) {
+      const Status status = VoltooiOudste();
+      if (!status.ok()) return status;
+    }
+    return Status::Ok();
+  }
+
+  Status VoltooiAlle() {
+    while (!wachtend_.empty()) {
+      const Status status = VoltooiOudste();
+      if (!status.ok()) return status;
+    }
+    return Status::Ok();
+  }
+
+  // Finishes the oldest photo being made: its log lines, its file, its
+  // failure.
+  Status VoltooiOudste() {
+    Taak taak = std::move(wachtend_.front());
+    wachtend_.pop_front();
+    const ThumbnailWerk werk = Ophalen(taak.werk);
+    if (library_ == ImageLibrary::kGdiPlus) {
+      const Status status = VoltooiGdiThumbnail(werk, taak.thumb);
+      if (!status.ok()) return status;
+    } else {
+      // The pixel-buffer library reports its own failure and lets the run
+      // go on; the photo stays recorded in the list.
+      (void)VoltooiIjlThumbnail(werk, taak.thumb);
+    }
+    return taak.lijst_fout;
+  }
+
+  static ThumbnailWerk Ophalen(std::future<ThumbnailWerk>& werk) {
+    try {
+      return werk.get();
+    } catch (const std::bad_alloc&) {
+      return ThumbnailWerk{"", Status::Error(7, "Out of memory"), ""};
+    } catch (const std::exception& error) {
+      return ThumbnailWerk{"", Status::Error(fout::kProgramError, error.what()), ""};
+    }
+  }
+
+  // Tells how many photos are done: every photo before the oldest one still
+  // being made, or up to the last one looked at.
+  void MeldVoortgang() {
+    if (!opties_.voortgang) return;
+    const int gedaan = wachtend_.empty() ? beslist_ + 1 : wachtend_.front().index;
+    if (gedaan <= gemeld_) return;
+    gemeld_ = gedaan;
+    opties_.voortgang(gedaan, static_cast<int>(namen_.size()));
+  }
+
+  const std::string foto_dir_;
+  const std::vector<std::string> namen_;
+  const ThumbnailOpties& opties_;
+  const ImageLibrary library_;
+  const std::string lijst_pad_;
+  LineTable lijst_;
+  std::deque<Taak> wachtend_;
+  std::int32_t teller_ = 0;
+  int beslist_ = -1;
+  int gemeld_ = 0;
+};
+
+}  // namespace
+
+std::string ThumbnailPad(const std::string& foto_pad) { return Vervang(foto_pad, ".jpg", "_tn.jpg"); }
+
+std::string BasisNaam(const std::string& foto_pad) {
+  const auto slash = foto_pad.rfind('/');
+  const std::string naam = slash == std::string::npos ? foto_pad : foto_pad.substr(slash + 1);
+  return Lower(naam.substr(0, naam.find('.')));
+}
+
+std::string Extensie(const std::string& foto_pad) {
+  const auto dot = foto_pad.rfind('.');
+  return dot == std::string::npos ? "" : Lower(foto_pad.substr(dot));
+}
+
+std::string DatumTijdTekst(std::int64_t modified_ns) {
+  const std::time_t seconds = static_cast<std::time_t>(modified_ns / 1000000000 -
+                                                       (modified_ns % 1000000000 < 0 ? 1 : 0));
+  std::tm local{};
+  if (::localtime_r(&seconds, &local) == nullptr) return "";
+  char text[64];
+  std::snprintf(text, sizeof text, "%d-%d-%d %d:%02d:%02d", local.tm_mday, local.tm_mon + 1,
+                local.tm_year + 1900, local.tm_hour, local.tm_min, local.tm_sec);
+  return text;
+}
+
+bool MaakThumbnails(const std::string& foto_dir, int aantal, const std::vector<std::string>& namen,
+                    const ThumbnailOpties& opties) {
+  SchrijfLog("Start aanmaken thumbnails ...");
+  const ImageLibrary library = KiesThumbnailBibliotheek(opties.program_dir);
+  Status status;
+  try {
+    status = ThumbnailRun(foto_dir, aantal, namen, opties, library).Run();
+  } catch (const RunError& error) {
+    status = error.status();
+  }
+  if (status.ok()) return false;
+  SchrijfLog("Error: " + status.description());
+  return true;
+}
+
+}  // namespace kiekbord

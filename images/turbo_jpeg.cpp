@@ -1,0 +1,148 @@
+#include "images/turbo_jpeg.h"
+
+#include <turbojpeg.h>
+
+#include <memory>
+
+namespace kiekbord {
+namespace {
+
+struct TjDestroyer {
+  void operator()(void* handle) const { tjDestroy(handle); }
+};
+using TjHandle = std::unique_ptr<void, TjDestroyer>;
+
+struct TjFreer {
+  void operator()(unsigned char* buffer) const { tjFree(buffer); }
+};
+using TjBuffer = std::unique_ptr<unsigned char, TjFreer>;
+
+const unsigned char* Bytes(std::string_view data) {
+  return reinterpret_cast<const unsigned char*>(data.data());
+}
+
+Status TjFout(void* handle) {
+  return Status::Error(fout::kProgramError, tjGetErrorStr2(handle));
+}
+
+bool IsStandalone(unsigned marker) {
+  return marker == 0x01 || marker == 0xD8 || (marker >= 0xD0 && marker <= 0xD7);
+}
+
+// The frame header's marker, found by walking the segments; 0 when the
+// walk ends before one.
+unsigned FrameMarker(std::string_view jpeg) {
+  std::size_t pos = 2;
+  while (pos + 3 < jpeg.size()) {
+    if (static_cast<unsigned char>(jpeg[pos]) != 0xFF) {
+      ++pos;
+      continue;
+    }
+    const auto marker = static_cast<unsigned char>(jpeg[pos + 1]);
+    if (marker == 0xFF) {  // fill byte
+      ++pos;
+      continue;
+    }
+    if (marker >= 0xC0 && marker <= 0xCF && marker != 0xC4 && marker != 0xC8 && marker != 0xCC) {
+      return marker;
+    }
+    if (marker == 0xDA || marker == 0xD9) return 0;
+    if (IsStandalone(marker)) {
+      pos += 2;
+      continue;
+    }
+    const auto length = static_cast<unsigned char>(jpeg[pos + 2]) * 256u +
+                        static_cast<unsigned char>(jpeg[pos + 3]);
+    pos += 2 + length;
+  }
+  return 0;
+}
+
+bool IsProgressiveMarker(unsigned marker) {
+  return marker == 0xC2 || marker == 0xC6 || marker == 0xCA || marker == 0xCE;
+}
+
+// Coefficients per pixel over all components, times two for the chroma
+// sharing of the subsampling modes.
+int CoefficientsPerPixelTimesTwo(const JpegKop& kop) {
+  if (kop.IsCmyk()) return 8;
+  switch (kop.subsampling) {
+    case TJSAMP_GRAY: return 2;
+    case TJSAMP_420:
+    case TJSAMP_411: return 3;
+    case TJSAMP_422:
+    case TJSAMP_440: return 4;
+    default: return 6;
+  }
+}
+
+int PixelFormat(const PixelVlak& vlak) {
+  return vlak.volgorde == PixelVolgorde::kBgr ? TJPF_BGR : TJPF_RGB;
+}
+
+}  // namespace
+
+bool JpegKop::IsCmyk() const { return kleurruimte == TJCS_CMYK || kleurruimte == TJCS_YCCK; }
+
+Status LeesJpegKop(std::string_view jpeg, JpegKop& kop) {
+  const TjHandle handle(tjInitDecompress());
+  if (!handle) return TjFout(nullptr);
+  int width = 0, height = 0, subsampling = 0, colorspace = 0;
+  const int result = tjDecompressHeader3(handle.get(), Bytes(jpeg), jpeg.size(), &width, &height, &subsampling,
+                                         &colorspace);
+  // A warning (stray bytes before a marker, say) leaves a usable header;
+  // whether the image decodes shows when it is decoded.
+  const bool usable = result == 0 || tjGetErrorCode(handle.get()) == TJERR_WARNING;
+  if (!usable || width <= 0 || height <= 0) return TjFout(handle.get());
+  kop = JpegKop{width, height, subsampling, colorspace, IsProgressiveMarker(FrameMarker(jpeg))};
+  return Status::Ok();
+}
+
+std::int64_t DecodeerWerkgeheugen(const JpegKop& kop) {
+  if (!kop.progressief) return 0;
+  return kop.Beeldpunten() * CoefficientsPerPixelTimesTwo(kop);
+}
+
+Schaal KiesSchaal(int breedte, int hoogte, int min_breedte, int min_hoogte) {
+  int count = 0;
+  const tjscalingfactor* factors = tjGetScalingFactors(&count);
+  Schaal best;
+  for (int i = 0; factors != nullptr && i < count; ++i) {
+    const Schaal s{factors[i].num, factors[i].denom};
+    if (s.teller > s.noemer) continue;  // no enlarging on load
+    if (s.Pas(breedte) < min_breedte || s.Pas(hoogte) < min_hoogte) continue;
+    if (std::int64_t{s.teller} * best.noemer < std::int64_t{best.teller} * s.noemer) best = s;
+  }
+  return best;
+}
+
+Status DecodeerJpeg(std::string_view jpeg, const PixelVlak& doel) {
+  const TjHandle handle(tjInitDecompress());
+  if (!handle) return TjFout(nullptr);
+  // Progressive files with absurd numbers of scans are refused rather than
+  // decoded for minutes.
+  int flags = TJFLAG_LIMITSCANS;
+  if (doel.onderste_rij_eerst) flags |= TJFLAG_BOTTOMUP;
+  if (tjDecompress2(handle.get(), Bytes(jpeg), jpeg.size(), doel.pixels, doel.breedte, doel.pitch,
+                    doel.hoogte, PixelFormat(doel), flags) != 0 &&
+      tjGetErrorCode(handle.get()) != TJERR_WARNING) {
+    return TjFout(handle.get());
+  }
+  return Status::Ok();
+}
+
+Status CodeerJpeg(const PixelVlak& bron, int kwaliteit, std::string& jpeg) {
+  const TjHandle handle(tjInitCompress());
+  if (!handle) return TjFout(nullptr);
+  unsigned char* output = nullptr;
+  unsigned long size = 0;
+  const int flags = bron.onderste_rij_eerst ? TJFLAG_BOTTOMUP : 0;
+  const int result = tjCompress2(handle.get(), bron.pixels, bron.breedte, bron.pitch, bron.hoogte,
+                                 PixelFormat(bron), &output, &size, TJSAMP_420, kwaliteit, flags);
+  const TjBuffer owned(output);
+  if (result != 0) return TjFout(handle.get());
+  jpeg.assign(reinterpret_cast<const char*>(owned.get()), size);
+  return Status::Ok();
+}
+
+}  // namespace kiekbord

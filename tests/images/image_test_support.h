@@ -1,0 +1,84 @@
+// Helpers for the image tests: real JPEG files made and read with
+// libjpeg-turbo's TurboJPEG API directly (not through the code under test),
+// an open generation log whose lines are kept, and a failure reporter that
+// keeps the messages instead of showing them.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "generator/generation_log.h"
+#include "images/failure_report.h"
+
+namespace kiekbord::test {
+
+struct Rgb {
+  int r = 0;
+  int g = 0;
+  int b = 0;
+};
+
+using PixelFunctie = std::function<Rgb(int x, int y)>;
+
+struct JpegOpties {
+  int kwaliteit = 95;
+  bool progressief = false;
+  bool chroma_volledig = true;  // 4:4:4, else 4:2:0
+};
+
+// A width x height JPEG whose pixel (x, y), counted from the top-left, is
+// kleur(x, y).
+std::string MaakJpeg(int breedte, int hoogte, const PixelFunctie& kleur, JpegOpties opties = {});
+
+// A JPEG of one colour.
+std::string EffenJpeg(int breedte, int hoogte, Rgb kleur = {200, 120, 40}, JpegOpties opties = {});
+
+struct Beeld {
+  int breedte = 0;
+  int hoogte = 0;
+  std::vector<std::uint8_t> rgb;
+  Rgb At(int x, int y) const;
+};
+
+// Decodes a JPEG top-down into RGB; fails the test (and returns an empty
+// image) when it cannot.
+Beeld LeesJpeg(std::string_view jpeg);
+
+// The first value of the first quantisation table: 1 at quality 100, 3 at
+// 90, 6 at 80, 13 at 60 (libjpeg's scaling of the standard table). -1 when
+// the file has no quantisation table.
+int EersteKwantisatieWaarde(std::string_view jpeg);
+
+// True when the two colours differ by at most `marge` in every channel.
+bool Lijkt(Rgb a, Rgb b, int marge);
+
+// Opens the generation log at `pad` for its lifetime and keeps every line.
+class LogOpname {
+ public:
+  explicit LogOpname(const std::string& pad);
+  ~LogOpname();
+  LogOpname(const LogOpname&) = delete;
+  LogOpname& operator=(const LogOpname&) = delete;
+  const std::vector<std::string>& regels() const { return regels_; }
+  void Wis() { regels_.clear(); }
+
+ private:
+  std::vector<std::string> regels_;
+  ScopedLogObserver observer_;
+};
+
+// Keeps the failure messages of image operations.
+class MeldingOpname : public FoutMelder {
+ public:
+  MeldingOpname() : scoped_(*this) {}
+  void Meld(const std::string& tekst) override { meldingen.push_back(tekst); }
+  std::vector<std::string> meldingen;
+
+ private:
+  ScopedFoutMelder scoped_;
+};
+
+}  // namespace kiekbord::test

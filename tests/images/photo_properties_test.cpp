@@ -1,0 +1,186 @@
+#include "images/photo_properties.h"
+
+#include <gtest/gtest.h>
+#include <turbojpeg.h>
+
+#include <atomic>
+#include <filesystem>
+#include <regex>
+#include <string>
+
+#include "gallery/file_system.h"
+#include "tests/support/test_support.h"
+
+namespace kiekbord {
+namespace {
+
+// Building blocks of crafted JPEG files.
+std::string Bytes(std::initializer_list<int> values) {
+  std::string out;
+  for (const int v : values) out += static_cast<char>(v);
+  return out;
+}
+
+std::string Soi() { return Bytes({0xFF, 0xD8}); }
+
+std::string Segment(int marker, const std::string& payload) {
+  const std::size_t length = payload.size() + 2;
+  return Bytes({0xFF, marker, static_cast<int>(length >> 8), static_cast<int>(length & 0xFF)}) + payload;
+}
+
+// A segment of exactly `total` bytes, marker included.
+std::string Opvulling(int marker, std::size_t total) { return Segment(marker, std::string(total - 4, 'k')); }
+
+std::string Frame(int marker, int width, int height) {
+  return Segment(marker, Bytes({8, height >> 8, height & 0xFF, width >> 8, width & 0xFF, 1, 1, 0x11, 0}));
+}
+
+// What follows the frame header in a real file; keeps it before the scan
+// limit.
+std::string Staart() { return std::string(32, '\0') + Bytes({0xFF, 0xD9}); }
+
+std::string Jfif() { return Opvulling(0xE0, 18); }
+
+struct Geval {
+  const char* naam;
+  std::string bytes;
+  const char* verwacht;
+};
+
+std::vector<Geval> Gevallen() {
+  return {
+      {"plain JFIF", Soi() + Jfif() + Frame(0xC0, 640, 480) + Staart(), "640x480"},
+      {"frame marker at offset 247", Soi() + Opvulling(0xE0, 245) + Frame(0xC0, 640, 480) + Staart(), "640x480"},
+      {"frame marker at offset 248", Soi() + Opvulling(0xE0, 246) + Frame(0xC0, 640, 480) + Staart(), "640x480!"},
+      {"large camera segment first", Soi() + Opvulling(0xE1, 40000) + Frame(0xC0, 3000, 2000) + Staart(), "3000x2000!"},
+      {"SOF1 extended", Soi() + Frame(0xC1, 10, 20) + Staart(), "10x20"},
+      {"SOF2 progressive", Soi() + Frame(0xC2, 10, 20) + Staart(), "10x20"},
+      {"SOF3 lossless", Soi() + Frame(0xC3, 10, 20) + Staart(), "10x20"},
+      {"SOF5", Soi() + Frame(0xC5, 10, 20) + Staart(), "10x20"},
+      {"SOF6", Soi() + Frame(0xC6, 10, 20) + Staart(), "10x20"},
+      {"SOF7", Soi() + Frame(0xC7, 10, 20) + Staart(), "10x20"},
+      {"SOF9 arithmetic", Soi() + Frame(0xC9, 10, 20) + Staart(), "10x20"},
+      {"SOF10", Soi() + Frame(0xCA, 10, 20) + Staart(), "10x20"},
+      {"SOF11", Soi() + Frame(0xCB, 10, 20) + Staart(), "10x20"},
+      {"SOF13", Soi() + Frame(0xCD, 10, 20) + Staart(), "10x20"},
+      {"SOF14", Soi() + Frame(0xCE, 10, 20) + Staart(), "10x20"},
+      {"SOF15", Soi() + Frame(0xCF, 10, 20) + Staart(), "10x20"},
+      {"DHT is no frame header", Soi() + Frame(0xC4, 10, 20) + Staart(), "Error"},
+      {"JPG is no frame header", Soi() + Frame(0xC8, 10, 20) + Staart(), "Error"},
+      {"DAC is no frame header", Soi() + Frame(0xCC, 10, 20) + Staart(), "Error"},
+      {"DHT skipped, later frame used", Soi() + Frame(0xC4, 10, 20) + Frame(0xC0, 30, 40) + Staart(), "30x40"},
+      {"height 0 passed over", Soi() + Frame(0xC0, 640, 0) + Frame(0xC2, 320, 240) + Staart(), "320x240"},
+      {"height 0 and nothing later", Soi() + Frame(0xC0, 640, 0) + Staart(), "Error"},
+      {"width 1 passed over", Soi() + Frame(0xC0, 1, 480) + Frame(0xC0, 2, 2) + Staart(), "2x2"},
+      {"height 256 is not small", Soi() + Frame(0xC0, 1 << 8, 1 << 8) + Staart(), "256x256"},
+      {"largest size", Soi() + Frame(0xC0, 32767, 32767) + Staart(), "32767x32767"},
+      {"width overflows", Soi() + Frame(0xC0, 32768, 480) + Staart(), "Error"},
+      {"height overflows", Soi() + Frame(0xC0, 640, 65535) + Staart(), "Error"},
+      {"bytes between segments skipped", Soi() + Jfif() + Bytes({0x00, 0x12, 0x34}) + Frame(0xC0, 7, 9) + Staart(), "7x9"},
+      {"standalone marker read as if a length followed",
+       Soi() + Bytes({0xFF, 0xD0, 0x00, 0x0D}) + Frame(0xC0, 1000, 1000) + Frame(0xC0, 5, 6) + Staart(), "5x6"},
+      {"preview inside APP1 not read",
+       Soi() + Segment(0xE1, Soi() + Frame(0xC0, 160, 120) + Bytes({0xFF, 0xD9})) + Frame(0xC0, 4000, 3000) + Staart(),
+       "4000x3000"},
+      {"no start-of-image", Bytes({0xFF, 0xD9}) + Frame(0xC0, 10, 20) + Staart(), "Error"},
+      {"text file", "Dit is geen foto maar een tekstbestand met de extensie .jpg.\r\n", "Error"},
+      {"PNG signature", Bytes({0x89, 'P', 'N', 'G', 0x0D, 0x0A, 0x1A, 0x0A}) + std::string(64, '\0'), "Error"},
+      {"empty file", "", "Error"},
+      {"one byte", Bytes({0xFF}), "Error"},
+      {"eleven bytes", Soi() + Bytes({0xFF, 0xC0, 0x00, 0x11, 0x08, 0x00, 0x10, 0x00, 0x10}), "Error"},
+      {"frame header at the very end", Soi() + Jfif() + Frame(0xC0, 640, 480), "640x480"},
+      {"frame header past the scan limit", Soi() + Jfif() + Frame(0xC0, 640, 480).substr(0, 8), "Error"},
+      {"segment length beyond the file", Soi() + Bytes({0xFF, 0xE1, 0xFF, 0xFF}) + Staart(), "Error"},
+  };
+}
+
+TEST(BepaalAfmetingen, FollowsEveryRuleOnCraftedFiles) {
+  for (const Geval& geval : Gevallen()) {
+    EXPECT_EQ(AfmetingenUitBytes(geval.bytes), geval.verwacht) << geval.naam;
+  }
+}
+
+TEST(BepaalAfmetingen, ScansOnlyTheFirst256KiB) {
+  const std::string voor = Soi() + Opvulling(0xE1, 60000) + Opvulling(0xE1, 60000) + Opvulling(0xE1, 60000) +
+                           Opvulling(0xE1, 60000);
+  // Frame header well inside the first 256 KiB of a larger file.
+  std::string binnen = voor + Frame(0xC0, 800, 600) + std::string(300000, '\0');
+  EXPECT_EQ(AfmetingenUitBytes(binnen.substr(0, kAfmetingenLeesGrens)), "800x600!");
+  // Frame header starting 5 bytes before the cap: past the scan limit.
+  const std::string laat = voor + Opvulling(0xE1, 262144 - 5 - voor.size()) + Frame(0xC0, 800, 600) +
+                           std::string(100, '\0');
+  EXPECT_EQ(AfmetingenUitBytes(laat.substr(0, kAfmetingenLeesGrens)), "Error");
+  // Just early enough: its fields end before the scan limit.
+  const std::string net = voor + Opvulling(0xE1, 262144 - 12 - voor.size()) + Frame(0xC0, 800, 600) +
+                          std::string(100, '\0');
+  EXPECT_EQ(AfmetingenUitBytes(net.substr(0, kAfmetingenLeesGrens)), "800x600!");
+}
+
+class MaxBytesRecorder : public ForwardingFileSystem {
+ public:
+  MaxBytesRecorder() : ForwardingFileSystem(LocalFileSystem()) {}
+  Status ReadFile(const std::string& path, std::string& contents, std::int64_t max_bytes) override {
+    last_max_bytes = max_bytes;
+    return ForwardingFileSystem::ReadFile(path, contents, max_bytes);
+  }
+  std::atomic<std::int64_t> last_max_bytes{0};
+};
+
+TEST(BepaalAfmetingen, ReadsAtMost256KiBPlusOneByteThroughTheFileSeam) {
+  test::TempDir dir;
+  test::WriteBytes(dir / "groot.jpg", Soi() + Jfif() + Frame(0xC0, 640, 480) + std::string(1 << 20, '\0'));
+  MaxBytesRecorder recorder;
+  ScopedFileSystem scoped(recorder);
+  EXPECT_EQ(BepaalAfmetingen(dir / "groot.jpg"), "640x480");
+  EXPECT_EQ(recorder.last_max_bytes, 262145);
+}
+
+TEST(BepaalAfmetingen, MissingOrUnreadableFileGivesError) {
+  test::TempDir dir;
+  EXPECT_EQ(BepaalAfmetingen(dir / "weg.jpg"), "Error");
+  EXPECT_EQ(BepaalAfmetingen(dir.path()), "Error");  // a folder
+}
+
+TEST(BreedteEnHoogte, TakeTheNumbersBackOut) {
+  struct {
+    const char* tekst;
+    int breedte;
+    int hoogte;
+  } const gevallen[] = {
+      {"640x480", 640, 480}, {"640x480!", 640, 480}, {"640X480", 640, 480}, {"123x", 123, 0},
+      {"x45", 0, 45},        {"Error", 0, 0},        {"", 0, 0},           {"32767x1!", 32767, 1},
+      {"7x9!", 7, 9},
+  };
+  for (const auto& geval : gevallen) {
+    EXPECT_EQ(BreedteVanAfmetingen(geval.tekst), geval.breedte) << geval.tekst;
+    EXPECT_EQ(HoogteVanAfmetingen(geval.tekst), geval.hoogte) << geval.tekst;
+  }
+}
+
+// Every real sample: no crash, a well-formed size text, and where both the
+// scan and libjpeg-turbo find a size, the same size.
+TEST(BepaalAfmetingen, AgreesWithLibjpegTurboOnTheSamples) {
+  const std::regex vorm(R"((\d+)x(\d+)!?|Error)");
+  int vergeleken = 0;
+  for (const auto& entry : std::filesystem::directory_iterator(KIEKBORD_SAMPLES_DIR)) {
+    const std::string pad = entry.path().string();
+    const std::string afmetingen = BepaalAfmetingen(pad);
+    std::smatch match;
+    ASSERT_TRUE(std::regex_match(afmetingen, match, vorm)) << pad << ": " << afmetingen;
+    if (afmetingen == "Error") continue;
+    const std::string bytes = test::ReadBytes(pad);
+    tjhandle handle = tjInitDecompress();
+    int w = 0, h = 0, subsampling = 0, kleurruimte = 0;
+    const bool gelezen = tjDecompressHeader3(handle, reinterpret_cast<const unsigned char*>(bytes.data()),
+                                             bytes.size(), &w, &h, &subsampling, &kleurruimte) == 0;
+    tjDestroy(handle);
+    if (!gelezen) continue;
+    ++vergeleken;
+    EXPECT_EQ(BreedteVanAfmetingen(afmetingen), w) << pad;
+    EXPECT_EQ(HoogteVanAfmetingen(afmetingen), h) << pad;
+  }
+  EXPECT_GT(vergeleken, 100);
+}
+
+}  // namespace
+}  // namespace kiekbord
