@@ -5,7 +5,13 @@ set -euo pipefail
 cd "$(dirname "$0")"
 
 PACKAGES=(cmake ninja-build g++ pkg-config git libgtest-dev libgmock-dev
-          libvips-dev libturbojpeg0-dev qt6-base-dev qt6-translations-l10n)
+          libvips-dev libturbojpeg0-dev qt6-base-dev qt6-translations-l10n xdg-utils)
+
+# The demo's photos: real photographs under free licences (the photographers
+# and licences are in examples/demo/demo.kbs), taken from this Debian package
+# at run time and never committed.
+DEMO_PACKAGE=lomiri-wallpapers-16.04
+DEMO_PHOTO_DIR=/usr/share/backgrounds
 
 usage() {
   echo "Gebruik: $0 demo|test" >&2
@@ -36,16 +42,51 @@ build() {
 }
 
 run_demo() {
+  ensure_packages "$DEMO_PACKAGE"
   build release
   local demo_dir="$PWD/build/demo"
-  mkdir -p "$demo_dir/site"
-  sed "s|^UitvoerDir=.*|UitvoerDir=$demo_dir/site/|" examples/demo/demo.kbs > "$demo_dir/demo.kbs"
+  local site="$demo_dir/site"
+  rm -rf "$site"
+  mkdir -p "$site"
+  # Every photo the script names is copied under its lower-case name.
+  local name src
+  while IFS= read -r name; do
+    src=$(find "$DEMO_PHOTO_DIR" -maxdepth 1 -type f -iname "$name" -print -quit)
+    if [ -z "$src" ]; then
+      echo "Foto $name ontbreekt in $DEMO_PHOTO_DIR (pakket $DEMO_PACKAGE)." >&2
+      exit 1
+    fi
+    cp "$src" "$site/$name"
+  done < <(sed -n 's/\r$//; s/^Foto=//p' examples/demo/demo.kbs)
+  # The script with this machine's folders, line by line, so that no character
+  # of the path is taken as a pattern.
+  local line
+  while IFS= read -r line || [ -n "$line" ]; do
+    line=${line%$'\r'}
+    case $line in
+      InvoerDir=*) line="InvoerDir=$site/" ;;
+      UitvoerDir=*) line="UitvoerDir=$site/" ;;
+    esac
+    printf '%s\r\n' "$line"
+  done < examples/demo/demo.kbs > "$demo_dir/demo.kbs"
   build/release/bin/kiekbord-maak "$demo_dir/demo.kbs"
   echo
-  echo "Klaar: $demo_dir/site/index.html"
+  echo "Klaar: $site/index.html"
+}
+
+# The browser check of the test suite: Chromium, Node.js with npm, and the npm
+# packages of tests/browser at the versions of its package-lock.json.
+ensure_browser_check() {
+  ensure_packages chromium
+  # Node.js from another source may bring its own npm; Debian's npm would conflict.
+  if ! command -v node >/dev/null || ! command -v npm >/dev/null; then
+    ensure_packages nodejs npm
+  fi
+  (cd tests/browser && npm ci --no-audit --no-fund --loglevel=error)
 }
 
 run_tests() {
+  ensure_browser_check
   build dev
   ctest --preset dev -j "$(nproc)"
   build asan

@@ -9,6 +9,7 @@ namespace kiekbord {
 namespace {
 
 constexpr std::string_view kRecent = "Recent";
+constexpr std::string_view kVerkleinen = "Verkleinen";
 
 // A stored flag: its leading number (0 for a text that is none), or the
 // default when the key is missing.
@@ -55,6 +56,23 @@ std::string LeesLaatsteScript(const VoorkeurenOpslag& opslag) {
 
 void SchrijfLaatsteScript(VoorkeurenOpslag& opslag, std::string_view pad) {
   opslag.Schrijf(kRecent, "ScriptFile", pad);
+}
+
+VerkleinInstellingen LeesVerkleinInstellingen(const VoorkeurenOpslag& opslag) {
+  VerkleinInstellingen v;
+  v.breedte = Vlag(opslag, kVerkleinen, "Breedte", v.breedte);
+  v.hoogte = Vlag(opslag, kVerkleinen, "Hoogte", v.hoogte);
+  v.verhouding = Vlag(opslag, kVerkleinen, "Verhouding", v.verhouding ? 1 : 0) != 0;
+  v.kwaliteit = Vlag(opslag, kVerkleinen, "Kwaliteit", v.kwaliteit);
+  if (v.kwaliteit < 0 || v.kwaliteit > 2) v.kwaliteit = 0;
+  return v;
+}
+
+void SchrijfVerkleinInstellingen(VoorkeurenOpslag& opslag, const VerkleinInstellingen& v) {
+  opslag.Schrijf(kVerkleinen, "Breedte", std::to_string(v.breedte));
+  opslag.Schrijf(kVerkleinen, "Hoogte", std::to_string(v.hoogte));
+  opslag.Schrijf(kVerkleinen, "Verhouding", v.verhouding ? "1" : "0");
+  opslag.Schrijf(kVerkleinen, "Kwaliteit", std::to_string(v.kwaliteit));
 }
 
 }  // namespace kiekbord

@@ -51,4 +51,22 @@ void SchrijfLaatsteDir(VoorkeurenOpslag& opslag, std::string_view directory);
 std::string LeesLaatsteScript(const VoorkeurenOpslag& opslag);
 void SchrijfLaatsteScript(VoorkeurenOpslag& opslag, std::string_view pad);
 
+// What the resize dialog remembers from one run to the next (section
+// "Verkleinen"): the last new size confirmed, whether proportions were kept
+// and the quality option chosen (0, 1 or 2).
+struct VerkleinInstellingen {
+  std::int16_t breedte = 0;       // Verkleinen/Breedte; 0: no preset yet
+  std::int16_t hoogte = 0;        // Verkleinen/Hoogte
+  bool verhouding = true;         // Verkleinen/Verhouding, "1" or "0"
+  std::int16_t kwaliteit = 0;     // Verkleinen/Kwaliteit
+};
+
+// The resize dialog's values from `opslag`; missing values take the
+// defaults above, a text that is not a number reads as 0, and a quality
+// index outside 0..2 reads as 0. Never fails.
+VerkleinInstellingen LeesVerkleinInstellingen(const VoorkeurenOpslag& opslag);
+
+// Writes all four values as decimal text.
+void SchrijfVerkleinInstellingen(VoorkeurenOpslag& opslag, const VerkleinInstellingen& instellingen);
+
 }  // namespace kiekbord

@@ -5,7 +5,8 @@
 #   make_corpus.sh [DIR] [--count N]
 #
 # DIR defaults to bench/corpus. With --count N the corpus is cycled to exactly N photos:
-# the first pass keeps the plain names, later passes add "-2", "-3", ... to the name.
+# the first pass keeps the plain names, later passes add "--2", "--3", ... to the name
+# (a plain name never holds "--", so the copies cannot clash with it).
 # The packages are fetched with `apt-get download` into bench/.cache/debs and unpacked
 # with `dpkg -x`; nothing is installed. A finished DIR holds a stamp file ".corpus" and is
 # left alone when run again with the same count.
@@ -26,7 +27,7 @@ while (($#)); do
     case $1 in
         --count) [[ ${2:-} =~ ^[1-9][0-9]*$ ]] || die "--count needs a positive number"
                  count=$2; shift 2 ;;
-        -h|--help) sed -n '2,11p' "${BASH_SOURCE[0]}"; exit 0 ;;
+        -h|--help) sed -n '2,12p' "${BASH_SOURCE[0]}"; exit 0 ;;
         -*) die "unknown option $1" ;;
         *) dir=$1; shift ;;
     esac
@@ -103,7 +104,7 @@ total=${count:-${#base[@]}}
 for ((i = 0; i < total; i++)); do
     src=${base[i % ${#base[@]}]}
     pass=$((i / ${#base[@]} + 1))
-    if ((pass == 1)); then dst=$src; else dst=${src%.jpg}-$pass.jpg; fi
+    if ((pass == 1)); then dst=$src; else dst=${src%.jpg}--$pass.jpg; fi
     cp "$work/base/$src" "$dir/$dst"
 done
 echo "$stamp photos=$total" > "$dir/.corpus"

@@ -1,10 +1,9 @@
 #include "cli/script_controle.h"
 
-#include <algorithm>
-#include <filesystem>
 #include <string_view>
 #include <vector>
 
+#include "app/startup_checks.h"
 #include "gallery/keyed_text_file.h"
 #include "gallery/line_table.h"
 #include "gallery/script_reader.h"
@@ -14,21 +13,6 @@ namespace kiekbord {
 namespace {
 
 constexpr std::string_view kRegeleinde = "\r\n";
-
-// The template sets as the window lists them: the directories under the
-// template sets directory, hidden ones skipped, sorted by name.
-std::vector<std::string> SjabloonSets(const std::string& sjablonen_dir) {
-  std::vector<std::string> namen;
-  std::error_code fout;
-  for (std::filesystem::directory_iterator it(sjablonen_dir, fout), einde; !fout && it != einde;
-       it.increment(fout)) {
-    const std::string naam = it->path().filename().string();
-    std::error_code geen_map;
-    if (!naam.empty() && naam[0] != '.' && it->is_directory(geen_map)) namen.push_back(naam);
-  }
-  std::sort(namen.begin(), namen.end());
-  return namen;
-}
 
 // Prints `tekst` after `label`; the lines after the first (CR LF or LF
 // separated) are indented to stand under the first.

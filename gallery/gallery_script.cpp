@@ -1,6 +1,9 @@
 #include "gallery/gallery_script.h"
 
+#include <algorithm>
 #include <cstdio>
+
+#include "gallery/text.h"
 
 namespace kiekbord {
 namespace {
@@ -30,6 +33,25 @@ std::string FotoSectie(long long nummer) {
   char buffer[32];
   std::snprintf(buffer, sizeof buffer, "Foto%03lld", nummer);
   return buffer;
+}
+
+std::vector<long long> FotoSectieNummers(const LineTable& tabel, double n) {
+  std::vector<long long> nummers;
+  for (int i = 1; i <= tabel.Count(); ++i) {
+    const std::string& regel = tabel.Line(i);
+    if (CharCount(regel) <= 2 || !StartsWith(regel, "[") || !EndsWith(regel, "]")) continue;
+    const std::string naam = Upper(std::string_view(regel).substr(1, regel.size() - 2));
+    const std::string cijfers = naam.substr(std::min<std::size_t>(4, naam.size()));
+    if (!StartsWith(naam, "FOTO") || cijfers.empty() || cijfers.size() > 18 ||
+        cijfers.find_first_not_of("0123456789") != std::string::npos) {
+      continue;
+    }
+    const long long nummer = std::stoll(cijfers);
+    if (nummer >= 1 && nummer <= n) nummers.push_back(nummer);
+  }
+  std::sort(nummers.begin(), nummers.end());
+  nummers.erase(std::unique(nummers.begin(), nummers.end()), nummers.end());
+  return nummers;
 }
 
 std::string BeschrijvingAlsWaarde(std::string_view beschrijving) {

@@ -14,6 +14,8 @@
 #include <string_view>
 #include <vector>
 
+#include "gallery/line_table.h"
+
 namespace kiekbord {
 
 // One photo of the gallery.
@@ -114,6 +116,12 @@ inline constexpr std::array<KleurVeld, 4> kKleurVelden = {{
 // The photo section of photo `nummer` (from 1): "Foto" and the number with
 // at least three digits ("Foto001", "Foto042", "Foto1000").
 std::string FotoSectie(long long nummer);
+
+// The numbers i, 1 <= i <= n, ascending, of the "[Foto<digits>]" headers in
+// a script table. Photo sections that are not there read as empty names and
+// are skipped anyway; looking only at those that are keeps a hand-edited
+// "AantalFotos=999999999" from taking for ever.
+std::vector<long long> FotoSectieNummers(const LineTable& tabel, double n);
 
 // A description as a script value: every line break (CR LF, or a lone CR or
 // LF as a text box on this platform gives) becomes "<br>".

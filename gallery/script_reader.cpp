@@ -128,29 +128,6 @@ void LeesTeksten(const LineTable& tabel, GalleryScript& script) {
 
 // --- Photos of the current form ------------------------------------------------
 
-// The numbers i, 1 <= i <= n, ascending, of the table's "[Foto<digits>]"
-// headers. Photo sections that are not there read as empty names and are
-// skipped anyway; looking only at those that are keeps a hand-edited
-// "AantalFotos=999999999" from taking for ever.
-std::vector<long long> FotoSectieNummers(const LineTable& tabel, double n) {
-  std::vector<long long> nummers;
-  for (int i = 1; i <= tabel.Count(); ++i) {
-    const std::string& regel = tabel.Line(i);
-    if (CharCount(regel) <= 2 || !StartsWith(regel, "[") || !EndsWith(regel, "]")) continue;
-    const std::string naam = Upper(std::string_view(regel).substr(1, regel.size() - 2));
-    const std::string cijfers = naam.substr(std::min<std::size_t>(4, naam.size()));
-    if (!StartsWith(naam, "FOTO") || cijfers.empty() || cijfers.size() > 18 ||
-        cijfers.find_first_not_of("0123456789") != std::string::npos) {
-      continue;
-    }
-    const long long nummer = std::stoll(cijfers);
-    if (nummer >= 1 && nummer <= n) nummers.push_back(nummer);
-  }
-  std::sort(nummers.begin(), nummers.end());
-  nummers.erase(std::unique(nummers.begin(), nummers.end()), nummers.end());
-  return nummers;
-}
-
 // Current form: a name is taken when it has at least six characters and ends
 // in exactly ".jpg"; a name typed as ".JPG" is not.
 bool IsHuidigeFotonaam(const std::string& naam) { return CharCount(naam) >= 6 && EndsWith(naam, ".jpg"); }

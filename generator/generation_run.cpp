@@ -7,6 +7,7 @@
 
 #include "app/program_info.h"
 #include "gallery/file_system.h"
+#include "gallery/gallery_script.h"
 #include "gallery/keyed_text_file.h"
 #include "gallery/text.h"
 #include "generator/text_helpers.h"
@@ -17,26 +18,6 @@ namespace {
 // The photo tables hold 512 photos. A 1024-line script cannot name more
 // (each photo takes a header and a name line), so the overflow is a guard.
 constexpr int kMaxPhotos = 512;
-
-std::string ThreeDigits(int i) {
-  char buffer[16];
-  std::snprintf(buffer, sizeof buffer, "%03d", i);
-  return buffer;
-}
-
-// The highest n of a "[Foto<n>]" header in the script: photo sections beyond
-// it cannot exist, so the photo loop need not look for them.
-int HighestPhotoSection(const LineTable& script) {
-  int highest = 0;
-  for (int i = 1; i <= script.Count(); ++i) {
-    const std::string line = Upper(script.Line(i));
-    if (!StartsWith(line, "[FOTO") || !EndsWith(line, "]")) continue;
-    const std::string digits = line.substr(5, line.size() - 6);
-    if (digits.empty() || digits.size() > 9 || digits.find_first_not_of("0123456789") != std::string::npos) continue;
-    highest = std::max(highest, std::stoi(digits));
-  }
-  return highest;
-}
 
 // Step 5 and 6: the script's values and the photos taken in.
 SiteGegevens LeesScriptWaarden(const LineTable& script) {
@@ -69,9 +50,8 @@ SiteGegevens LeesScriptWaarden(const LineTable& script) {
   g.kleur_tekst_in_kader = KleurNaarHex(instelling("KleurTekstInKader", "0"));
   g.kleur_kader = KleurNaarHex(instelling("KleurKader", "13421772"));
 
-  const int last = static_cast<int>(std::min<double>(aantal_fotos, HighestPhotoSection(script)));
-  for (int i = 1; i <= last; ++i) {
-    const std::string section = "Foto" + ThreeDigits(i);
+  for (const long long i : FotoSectieNummers(script, aantal_fotos)) {
+    const std::string section = FotoSectie(i);
     std::string naam = LeesWaarde(script, section, "Foto", "");
     std::string bijschrift = LeesWaarde(script, section, "Bijschrift", "");
     const bool taken_in = CharCount(naam) >= 6 && EndsWith(naam, ".jpg") &&

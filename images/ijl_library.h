@@ -1,6 +1,6 @@
-// The pixel-buffer library's codec (once the Intel JPEG Library, now
-// libjpeg-turbo): a JPEG file into a cDIBSection and back, and the codec's
-// version number.
+// The pixel-buffer library's codec (the library the log names "IJL11",
+// built on libjpeg-turbo): a JPEG file into a cDIBSection and back, and the
+// codec's version number.
 #pragma once
 
 #include <cstdint>

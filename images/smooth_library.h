@@ -1,7 +1,7 @@
-// The smooth library's photo operations (once GDI+, now libvips with
-// libjpeg-turbo): the thumbnail, the quarter-turn rotation and shrinking to
-// an exact size, all scaling with a smoothing filter and none keeping the
-// photo's metadata.
+// The smooth library's photo operations (the library the log names
+// "GDIplus", built on libvips and libjpeg-turbo): the thumbnail, the
+// quarter-turn rotation and shrinking to an exact size, all scaling with a
+// smoothing filter and none keeping the photo's metadata.
 //
 // Every file is read and written through Fs(); libvips works on buffers in
 // memory. libvips is started on first use, once, from any thread.

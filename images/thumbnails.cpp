@@ -7,6 +7,7 @@
 #include <ctime>
 #include <deque>
 #include <future>
+#include <memory>
 #include <mutex>
 #include <new>
 
@@ -26,35 +27,75 @@
 namespace kiekbord {
 namespace {
 
-// What decoding photos at once may take: together with the program itself
-// this keeps a run under 200 MB even when several large progressive photos
-// (which hold all their coefficients while decoding) come together.
-constexpr std::int64_t kGeheugenBudget = std::int64_t{96} << 20;
+// What the photos being made at once may take: together with the program
+// itself (some 35 MB) this keeps a run under 200 MB even when several large
+// progressive photos, which hold all their coefficients while decoding,
+// come together.
+constexpr std::int64_t kGeheugenBudget = std::int64_t{128} << 20;
 
-// The memory a photo's thumbnail takes to make, the file's bytes included.
-std::int64_t GeschatGeheugen(ImageLibrary library, std::string_view jpeg) {
-  std::int64_t bytes = static_cast<std::int64_t>(jpeg.size());
+// The start of a photo that is read to find its frame header; camera data
+// in front of it stays well below this.
+constexpr std::int64_t kKopGrens = 256 << 10;
+
+// The memory making a photo's thumbnail takes, the file's bytes included,
+// judged from its frame header without reading the whole photo.
+std::int64_t GeschatGeheugen(ImageLibrary library, const std::string& foto) {
+  FileInfo info;
+  if (!Fs().GetFileInfo(foto, info).ok()) return 0;
+  std::string begin;
+  if (!Fs().ReadFile(foto, begin, kKopGrens).ok()) return 0;
+  // A header further in: the whole file then.
+  if (static_cast<std::int64_t>(begin.size()) == kKopGrens && !Fs().ReadFile(foto, begin).ok()) return 0;
   JpegKop kop;
-  if (!LeesJpegKop(jpeg, kop).ok()) return bytes;
-  bytes += DecodeerWerkgeheugen(kop);
+  if (!LeesJpegKop(begin, kop).ok()) return info.size;
+  std::int64_t bytes = info.size + DecodeerWerkgeheugen(kop);
   // The pixel-buffer library decodes the whole photo.
   if (library == ImageLibrary::kIjl11) bytes += kop.Beeldpunten() * 3;
   return bytes;
 }
 
-// The make half of a thumbnail, on a worker: reads the photo and makes the
-// thumbnail in memory.
-ThumbnailWerk MaakWerk(ImageLibrary library, const std::string& foto, const std::string& thumb,
-                       MemoryBudget& budget) {
-  std::string jpeg;
-  // Read into one buffer of the right size instead of one grown piecemeal.
-  FileInfo info;
-  if (Fs().GetFileInfo(foto, info).ok() && info.size > 0) jpeg.reserve(static_cast<std::size_t>(info.size));
-  const Status gelezen = Fs().ReadFile(foto, jpeg);
-  if (!gelezen.ok()) return ThumbnailWerk{"", gelezen, ""};
-  const MemoryBudget::Reservation reservering = budget.Reserve(GeschatGeheugen(library, jpeg));
-  return library == ImageLibrary::kGdiPlus ? MaakGdiThumbnail(jpeg, thumb) : MaakIjlThumbnail(jpeg, thumb);
-}
+// The make half of one photo's thumbnail, in the pool: first a look at the
+// photo's header for the memory it will take, then, once that memory is
+// there, reading the photo and making the thumbnail in memory.
+class FotoWerk {
+ public:
+  FotoWerk(ImageLibrary library, std::string foto, std::string thumb)
+      : library_(library), foto_(std::move(foto)), thumb_(std::move(thumb)) {}
+
+  std::future<ThumbnailWerk> Resultaat() { return resultaat_.get_future(); }
+
+  std::int64_t Geheugen() const {
+    try {
+      return GeschatGeheugen(library_, foto_);
+    } catch (const std::bad_alloc&) {
+      return 0;  // making it will run out of memory too, and say so
+    }
+  }
+
+  void Maak() {
+    try {
+      resultaat_.set_value(MaakUitBestand());
+    } catch (...) {
+      resultaat_.set_exception(std::current_exception());
+    }
+  }
+
+ private:
+  ThumbnailWerk MaakUitBestand() const {
+    std::string jpeg;
+    // Read into one buffer of the right size instead of one grown piecemeal.
+    FileInfo info;
+    if (Fs().GetFileInfo(foto_, info).ok() && info.size > 0) jpeg.reserve(static_cast<std::size_t>(info.size));
+    const Status gelezen = Fs().ReadFile(foto_, jpeg);
+    if (!gelezen.ok()) return ThumbnailWerk{"", gelezen, ""};
+    return library_ == ImageLibrary::kGdiPlus ? MaakGdiThumbnail(jpeg, thumb_) : MaakIjlThumbnail(jpeg, thumb_);
+  }
+
+  const ImageLibrary library_;
+  const std::string foto_;
+  const std::string thumb_;
+  std::promise<ThumbnailWerk> resultaat_;
+};
 
 // Lets all workers allocate from one heap. By default glibc gives each
 // thread a heap of its own and keeps each heap as large as the largest photo
@@ -118,15 +159,15 @@ class ThumbnailRun {
   Status VerwerkFotos() {
     const int gelijktijdig = Gelijktijdig();
     if (gelijktijdig > 1) DeelEenHeap();
-    MemoryBudget budget(kGeheugenBudget);
-    // One at a time runs on this thread; otherwise a few photos wait ready
-    // so no worker idles while the oldest is finished.
-    WorkerPool pool(gelijktijdig == 1 ? 0 : gelijktijdig);
-    const std::size_t venster = gelijktijdig == 1 ? 1 : 2 * static_cast<std::size_t>(gelijktijdig);
+    // One at a time runs on this thread. Otherwise several photos per core
+    // are under way, so that while a large one waits for memory, or runs
+    // alone, the other cores find smaller ones to make.
+    WorkerPool pool(gelijktijdig == 1 ? 0 : gelijktijdig, kGeheugenBudget);
+    const std::size_t venster = gelijktijdig == 1 ? 1 : 4 * static_cast<std::size_t>(gelijktijdig);
 
     for (int i = 0; i < static_cast<int>(namen_.size()); ++i) {
       bool stop = false;
-      Status status = BeslisFoto(i, pool, budget, stop);
+      Status status = BeslisFoto(i, pool, stop);
       while (status.ok() && wachtend_.size() >= venster) status = VoltooiOudste();
       if (!status.ok()) return status;
       MeldVoortgang();
@@ -142,7 +183,7 @@ class ThumbnailRun {
 
   // Steps of one photo up to the making of its thumbnail. `stop` is set
   // when no further photo may be started.
-  Status BeslisFoto(int i, WorkerPool& pool, MemoryBudget& budget, bool& stop) {
+  Status BeslisFoto(int i, WorkerPool& pool, bool& stop) {
     beslist_ = i;
     const std::string foto = foto_dir_ + namen_[static_cast<std::size_t>(i)];
     const std::string basis = BasisNaam(foto);
@@ -170,8 +211,9 @@ class ThumbnailRun {
     Taak taak;
     taak.index = i;
     taak.thumb = thumb;
-    const ImageLibrary library = library_;
-    taak.werk = pool.Submit([library, foto, thumb, &budget] { return MaakWerk(library, foto, thumb, budget); });
+    auto werk = std::make_shared<FotoWerk>(library_, foto, thumb);
+    taak.werk = werk->Resultaat();
+    pool.Submit({[werk] { return werk->Geheugen(); }, [werk] { werk->Maak(); }});
     // The list is brought up to date now, as the photo's thumbnail will be
     // made before the next photo is looked at; should the making fail, the
     // run ends and the list is never written.

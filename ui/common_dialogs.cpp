@@ -3,6 +3,7 @@
 #include <QColorDialog>
 #include <QDir>
 #include <QFileDialog>
+#include <QFileInfo>
 
 namespace kiekbord {
 namespace {
@@ -70,6 +71,20 @@ std::optional<QColor> QtDialogen::KleurKiezen(QWidget* ouder, const std::string&
   const QColor kleur = QColorDialog::getColor(huidig, ouder, Q(titel));
   if (!kleur.isValid()) return std::nullopt;
   return kleur;
+}
+
+// Programs here carry no ".exe": the dialog lists the files that may be
+// run, whatever their names.
+std::string QtDialogen::FotoprogrammaKiezen(QWidget* ouder, const std::string& huidig) {
+  const QString map = huidig.empty() ? QStringLiteral("/usr/bin") : QFileInfo(Q(huidig)).absolutePath();
+  QFileDialog dialoog(ouder, QStringLiteral("Kiekbord - Fotoprogramma lokaliseren"), map,
+                      QStringLiteral("Programma (*)"));
+  ZetNederlandseLabels(dialoog, QStringLiteral("Openen"));
+  dialoog.setAcceptMode(QFileDialog::AcceptOpen);
+  dialoog.setFileMode(QFileDialog::ExistingFile);
+  dialoog.setFilter(QDir::AllDirs | QDir::Files | QDir::Executable | QDir::NoDotAndDotDot);
+  if (!huidig.empty()) dialoog.selectFile(Q(huidig));
+  return Gekozen(dialoog);
 }
 
 }  // namespace kiekbord

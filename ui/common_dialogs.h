@@ -27,6 +27,9 @@ class Dialogen {
   virtual std::vector<std::string> FotosKiezen(QWidget* ouder, const std::string& map) = 0;
   // A colour, starting on `huidig`; nothing when cancelled.
   virtual std::optional<QColor> KleurKiezen(QWidget* ouder, const std::string& titel, const QColor& huidig) = 0;
+  // "Kiekbord - Fotoprogramma lokaliseren": a program file, starting beside
+  // `huidig` (the program set now, may be empty); empty when cancelled.
+  virtual std::string FotoprogrammaKiezen(QWidget* ouder, const std::string& huidig) = 0;
 };
 
 class QtDialogen : public Dialogen {
@@ -36,6 +39,7 @@ class QtDialogen : public Dialogen {
   std::string MapKiezen(QWidget* ouder, const std::string& titel, const std::string& map) override;
   std::vector<std::string> FotosKiezen(QWidget* ouder, const std::string& map) override;
   std::optional<QColor> KleurKiezen(QWidget* ouder, const std::string& titel, const QColor& huidig) override;
+  std::string FotoprogrammaKiezen(QWidget* ouder, const std::string& huidig) override;
 };
 
 }  // namespace kiekbord

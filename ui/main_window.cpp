@@ -28,6 +28,7 @@
 
 #include "app/program_info.h"
 #include "app/startup_checks.h"
+#include "editor/photo_edit.h"
 #include "editor/photo_import.h"
 #include "editor/photo_list.h"
 #include "editor/wizard_rules.h"
@@ -39,6 +40,8 @@
 #include "ui/desktop_services.h"
 #include "ui/generation_progress.h"
 #include "ui/message_boxes.h"
+#include "ui/options_dialog.h"
+#include "ui/resize_dialog.h"
 
 namespace kiekbord {
 namespace {
@@ -200,10 +203,15 @@ void MainWindow::MaakMenus() {
   connect(mnuBewerkenFotoToevoegen_, &QAction::triggered, this, &MainWindow::FotoToevoegen);
   connect(mnuBewerkenFotoVerwijderenGalerij_, &QAction::triggered, this, &MainWindow::FotoVerwijderenUitKiekbord);
   connect(mnuBewerkenFotoVerwijderenTotaal_, &QAction::triggered, this, &MainWindow::FotoVerwijderenTotaal);
-  connect(mnuBewerkenFotoVernieuwen_, &QAction::triggered, this, &MainWindow::ToonVoorbeeld);
+  connect(mnuBewerkenFotoRoterenLinks_, &QAction::triggered, this, [this] { FotoRoteren(kLinksom); });
+  connect(mnuBewerkenFotoRoterenRechts_, &QAction::triggered, this, [this] { FotoRoteren(kRechtsom); });
+  connect(mnuBewerkenFotoVerkleinen_, &QAction::triggered, this, &MainWindow::FotoVerkleinen);
+  connect(mnuBewerkenFotoExternBewerken_, &QAction::triggered, this, &MainWindow::FotoExternBewerken);
+  connect(mnuBewerkenFotoVernieuwen_, &QAction::triggered, this, &MainWindow::FotoVernieuwen);
 
   mnuExtra_ = Benoemd(menuBar()->addMenu(QStringLiteral("E&xtra")), "mnuExtra");
   mnuExtraOpties_ = Actie(mnuExtra_, "mnuExtraOpties", QStringLiteral("&Opties..."));
+  connect(mnuExtraOpties_, &QAction::triggered, this, &MainWindow::Opties);
 
   mnuHelp_ = Benoemd(menuBar()->addMenu(QStringLiteral("&Help")), "mnuHelp");
   mnuHelpKiekbordHelp_ = Actie(mnuHelp_, "mnuHelpKiekbordHelp", QStringLiteral("&Kiekbord Help"));
@@ -216,13 +224,6 @@ void MainWindow::MaakMenus() {
   connect(mnuHelpStap_, &QAction::triggered, this, [this] { OpenHelpPagina(HelpPaginaVanStap(stap_)); });
   connect(mnuHelpSjablonen_, &QAction::triggered, this, [this] { OpenHelpPagina("index04"); });
   connect(mnuHelpInfo_, &QAction::triggered, this, &MainWindow::ToonInfo);
-
-  // The photo edit commands and the options dialog are not part of this
-  // window yet; their menu entries stay, switched off.
-  for (QAction* actie : {mnuBewerkenFotoRoterenLinks_, mnuBewerkenFotoRoterenRechts_, mnuBewerkenFotoVerkleinen_,
-                         mnuBewerkenFotoExternBewerken_, mnuExtraOpties_}) {
-    actie->setEnabled(false);
-  }
 
   mnuKleurGebruik_ = Benoemd(new QMenu(this), "mnuKleurGebruik");
   mnuKleurGebruikTekstOpAchtergrond_ =
@@ -938,7 +939,12 @@ void MainWindow::ZetFotoCommandos() {
   cmdFotoOmlaag_->setEnabled(geldig && rij + 1 < aantal);
   mnuBewerkenFotoVerwijderenGalerij_->setEnabled(geldig);
   mnuBewerkenFotoVerwijderenTotaal_->setEnabled(geldig);
-  mnuBewerkenFotoVernieuwen_->setEnabled(geldig);
+  const BewerkMenu bewerk = BewerkMenuToestand(geldig, d_.settings, voorkeuren_, vernieuwen_aangezet_);
+  mnuBewerkenFotoRoterenLinks_->setEnabled(bewerk.roteren);
+  mnuBewerkenFotoRoterenRechts_->setEnabled(bewerk.roteren);
+  mnuBewerkenFotoVerkleinen_->setEnabled(bewerk.verkleinen);
+  mnuBewerkenFotoExternBewerken_->setEnabled(bewerk.extern_bewerken);
+  mnuBewerkenFotoVernieuwen_->setEnabled(bewerk.vernieuwen);
 }
 
 // The preview is decoded at the size it is shown at, so a large photo costs
@@ -1057,6 +1063,73 @@ void MainWindow::FotoVerwijderenTotaal() {
   fotos_.erase(fotos_.begin() + rij);
   ToonFotoLijst(rij);
   Gewijzigd();
+}
+
+// --- Photo edits -----------------------------------------------------------------------
+
+void MainWindow::FotoRoteren(std::string_view richting) {
+  const int rij = lstFotos_->currentRow();
+  if (stap_ != 2 || rij < 0 || rij >= static_cast<int>(fotos_.size())) return;
+  if (!d_.meldingen->Vraag(this, RoteerVraag(richting))) return;
+  std::vector<Melding> fouten;
+  {
+    BezigAanwijzer bezig;
+    FoutMeldingen verzameld;
+    RoteerFoto(d_.os_naam, FotoPad(S(txtUitvoerDir_->text()), fotos_[static_cast<std::size_t>(rij)].foto), richting,
+               BackupVlag(voorkeuren_));
+    fouten = verzameld.meldingen();
+  }
+  for (const Melding& fout : fouten) d_.meldingen->Toon(this, fout);
+  FotoVernieuwen();
+}
+
+void MainWindow::FotoVerkleinen() {
+  const int rij = lstFotos_->currentRow();
+  if (stap_ != 2 || rij < 0 || rij >= static_cast<int>(fotos_.size()) || !d_.settings.verkleinen) return;
+  bool verkleind = false;
+  {
+    VerkleinDialoog dialoog(FotoPad(S(txtUitvoerDir_->text()), fotos_[static_cast<std::size_t>(rij)].foto),
+                            *d_.opslag, *d_.meldingen, this);
+    dialoog.exec();
+    verkleind = dialoog.verkleind();
+  }
+  if (verkleind) FotoVernieuwen();
+  // Closing one of the program's own windows activates the main window again.
+  Activeer();
+}
+
+void MainWindow::FotoExternBewerken() {
+  const int rij = lstFotos_->currentRow();
+  if (stap_ != 2 || rij < 0 || rij >= static_cast<int>(fotos_.size())) return;
+  const ExternBewerken opdracht = ExternBewerkenOpdracht(
+      voorkeuren_.foto_programma, FotoPad(S(txtUitvoerDir_->text()), fotos_[static_cast<std::size_t>(rij)].foto));
+  if (!d_.bureaublad->StartProgramma(opdracht.programma, opdracht.argumenten)) {
+    d_.meldingen->Toon(this, ExternStartFoutMelding(opdracht));
+    return;
+  }
+  vernieuwen_aangezet_ = true;
+  ZetFotoCommandos();
+}
+
+// Selecting no photo and then the same one again loads it afresh, as it is
+// on disk now.
+void MainWindow::FotoVernieuwen() {
+  const int rij = lstFotos_->currentRow();
+  lstFotos_->setCurrentRow(-1);
+  lstFotos_->setCurrentRow(rij);
+  vernieuwen_aangezet_ = false;
+  ZetFotoCommandos();
+}
+
+void MainWindow::Opties() {
+  {
+    OptiesDialoog dialoog(*d_.opslag, d_.settings, *d_.bureaublad, *d_.dialogen, *d_.meldingen,
+                          voorkeuren_.lopende_browser == 1, this);
+    dialoog.exec();
+  }
+  voorkeuren_ = LeesVoorkeuren(*d_.opslag);
+  ZetFotoCommandos();
+  Activeer();
 }
 
 // --- Colours ---------------------------------------------------------------------------

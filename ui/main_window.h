@@ -11,6 +11,7 @@
 #include <chrono>
 #include <functional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include <QMainWindow>
@@ -100,6 +101,14 @@ class MainWindow : public QMainWindow, private MapControle {
   void FotoOmlaag();
   void KleurKiezen(KleurRol rol);
   void ToonInfo();
+  // The photo edit commands on the selected photo; `richting` is "linksom"
+  // or "rechtsom".
+  void FotoRoteren(std::string_view richting);
+  void FotoVerkleinen();
+  void FotoExternBewerken();
+  void FotoVernieuwen();
+  // Extra, Opties: the options dialog, then the preferences read again.
+  void Opties();
 
  protected:
   void closeEvent(QCloseEvent* event) override;
@@ -151,6 +160,7 @@ class MainWindow : public QMainWindow, private MapControle {
   bool eerste_activering_ = true;
   bool sluiten_zonder_vragen_ = false;
   bool bezig_ = false;          // a generation runs
+  bool vernieuwen_aangezet_ = false;  // an external edit started since the last refresh
 
   std::vector<PhotoEntry> fotos_;
   GalleryScript kleuren_;       // only the four colours are used

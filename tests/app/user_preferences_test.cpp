@@ -64,5 +64,47 @@ TEST(UserPreferences, TextThatIsNoNumberReadsAsZero) {
   EXPECT_EQ(LeesVoorkeuren(opslag).nieuw_in_laatste_dir, 0);
 }
 
+TEST(UserPreferences, ResizeDialogValuesDefaultsAndRoundTrip) {
+  Geheugen opslag;
+  const VerkleinInstellingen leeg = LeesVerkleinInstellingen(opslag);
+  EXPECT_EQ(leeg.breedte, 0);
+  EXPECT_EQ(leeg.hoogte, 0);
+  EXPECT_TRUE(leeg.verhouding);
+  EXPECT_EQ(leeg.kwaliteit, 0);
+
+  VerkleinInstellingen v;
+  v.breedte = 1024;
+  v.hoogte = 768;
+  v.verhouding = false;
+  v.kwaliteit = 2;
+  SchrijfVerkleinInstellingen(opslag, v);
+  EXPECT_EQ(opslag.waarden, (std::map<std::string, std::string>{{"Verkleinen/Breedte", "1024"},
+                                                                {"Verkleinen/Hoogte", "768"},
+                                                                {"Verkleinen/Verhouding", "0"},
+                                                                {"Verkleinen/Kwaliteit", "2"}}));
+  const VerkleinInstellingen terug = LeesVerkleinInstellingen(opslag);
+  EXPECT_EQ(terug.breedte, 1024);
+  EXPECT_EQ(terug.hoogte, 768);
+  EXPECT_FALSE(terug.verhouding);
+  EXPECT_EQ(terug.kwaliteit, 2);
+}
+
+TEST(UserPreferences, ResizeDialogValuesThatMakeNoSense) {
+  Geheugen opslag;
+  opslag.waarden["Verkleinen/Breedte"] = "groot";
+  opslag.waarden["Verkleinen/Hoogte"] = "70000";
+  opslag.waarden["Verkleinen/Verhouding"] = "ja";
+  opslag.waarden["Verkleinen/Kwaliteit"] = "3";
+  const VerkleinInstellingen v = LeesVerkleinInstellingen(opslag);
+  EXPECT_EQ(v.breedte, 0);
+  EXPECT_EQ(v.hoogte, 0);
+  EXPECT_FALSE(v.verhouding);
+  EXPECT_EQ(v.kwaliteit, 0);
+  opslag.waarden["Verkleinen/Kwaliteit"] = "-1";
+  EXPECT_EQ(LeesVerkleinInstellingen(opslag).kwaliteit, 0);
+  opslag.waarden["Verkleinen/Kwaliteit"] = "1";
+  EXPECT_EQ(LeesVerkleinInstellingen(opslag).kwaliteit, 1);
+}
+
 }  // namespace
 }  // namespace kiekbord

@@ -67,6 +67,18 @@ Beeld LeesJpeg(std::string_view jpeg) {
   return beeld;
 }
 
+std::string KaleKop(int breedte, int hoogte) {
+  std::string jpeg = EffenJpeg(8, 8);
+  const auto sof = jpeg.find("\xFF\xC0");
+  jpeg[sof + 5] = static_cast<char>(hoogte >> 8);
+  jpeg[sof + 6] = static_cast<char>(hoogte & 0xFF);
+  jpeg[sof + 7] = static_cast<char>(breedte >> 8);
+  jpeg[sof + 8] = static_cast<char>(breedte & 0xFF);
+  const auto sos = jpeg.find("\xFF\xDA");
+  const std::size_t lengte = static_cast<unsigned char>(jpeg[sos + 2]) * 256u + static_cast<unsigned char>(jpeg[sos + 3]);
+  return jpeg.substr(0, sos + 2 + lengte);
+}
+
 int EersteKwantisatieWaarde(std::string_view jpeg) {
   std::size_t pos = 2;
   while (pos + 5 < jpeg.size()) {

@@ -47,6 +47,10 @@ struct Beeld {
 // image) when it cannot.
 Beeld LeesJpeg(std::string_view jpeg);
 
+// A baseline JPEG whose frame header claims breedte x hoogte pixels and
+// whose scan holds no data at all: a header from a damaged or hostile file.
+std::string KaleKop(int breedte, int hoogte);
+
 // The first value of the first quantisation table: 1 at quality 100, 3 at
 // 90, 6 at 80, 13 at 60 (libjpeg's scaling of the standard table). -1 when
 // the file has no quantisation table.

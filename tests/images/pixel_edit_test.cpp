@@ -190,6 +190,25 @@ TEST_F(PixelBibliotheek, LoadFailuresSayWhatWentWrong) {
   EXPECT_EQ(buffer.Width(), 64);
 }
 
+TEST_F(PixelBibliotheek, ClaimedSizesAreCheckedBeforeAnyPixelMemoryIsTaken) {
+  cDIBSection buffer;
+  test::WriteBytes(dir_ / "groot.jpg", test::KaleKop(65000, 65000));
+  Status status = LoadJPG(buffer, dir_ / "groot.jpg");
+  EXPECT_EQ(status.number(), 26002);
+  EXPECT_EQ(status.description(), "Image too large: 65000 x 65000 pixels");
+
+  test::WriteBytes(dir_ / "reus.jpg", test::KaleKop(65535, 65535));
+  EXPECT_EQ(LoadJPG(buffer, dir_ / "reus.jpg").description(), "Failed to read JPG");
+
+  // Within the limits but without data: the decoder fills in grey, as it
+  // does for any truncated photo.
+  test::WriteBytes(dir_ / "leeg.jpg", test::KaleKop(3000, 2000));
+  ASSERT_TRUE(IJLMaakThumb(dir_ / "leeg.jpg", dir_ / "leeg_tn.jpg").ok());
+  const test::Beeld thumb = test::LeesJpeg(test::ReadBytes(dir_ / "leeg_tn.jpg"));
+  EXPECT_EQ(thumb.breedte, 150);
+  EXPECT_TRUE(test::Lijkt(thumb.At(75, 50), {128, 128, 128}, 8));
+}
+
 TEST_F(PixelBibliotheek, VersionIsLibjpegTurbos) { EXPECT_EQ(IJLVersion(), LIBJPEG_TURBO_VERSION_NUMBER); }
 
 TEST_F(PixelBibliotheek, ThumbnailSamplesWithoutAveraging) {

@@ -130,16 +130,20 @@ TEST_F(GladdeBewerking, ThumbnailFailureIsLoggedShownAndPassedOn) {
 }
 
 TEST_F(GladdeBewerking, HugeClaimedSizeIsRefusedBeforeDecoding) {
-  // A baseline frame header claiming 65000 x 65000 pixels and no data.
-  std::string kop = test::EffenJpeg(8, 8);
-  const auto sof = kop.find("\xFF\xC0");
-  ASSERT_NE(sof, std::string::npos);
-  kop[sof + 5] = kop[sof + 7] = static_cast<char>(0xFD);
-  kop[sof + 6] = kop[sof + 8] = static_cast<char>(0xE8);
-  test::WriteBytes(dir_ / "groot.jpg", kop);
+  test::WriteBytes(dir_ / "groot.jpg", test::KaleKop(65000, 65000));
   const Status status = GDIMaakThumb(dir_ / "groot.jpg", dir_ / "groot_tn.jpg");
   EXPECT_EQ(status.description(), "Image too large: 65000 x 65000 pixels");
   EXPECT_THAT(log_.regels(), ElementsAre("Error: Image too large: 65000 x 65000 pixels"));
+}
+
+TEST_F(GladdeBewerking, HeaderWithoutImageDataEndsCleanly) {
+  test::WriteBytes(dir_ / "leeg.jpg", test::KaleKop(6000, 4000));
+  // Decoded grey, as any truncated photo is, and quickly: shrunk on load.
+  ASSERT_TRUE(GDIMaakThumb(dir_ / "leeg.jpg", dir_ / "leeg_tn.jpg").ok());
+  const test::Beeld thumb = test::LeesJpeg(test::ReadBytes(dir_ / "leeg_tn.jpg"));
+  EXPECT_EQ(thumb.breedte, 150);
+  EXPECT_EQ(thumb.hoogte, 100);
+  EXPECT_TRUE(test::Lijkt(thumb.At(75, 50), {128, 128, 128}, 8));
 }
 
 TEST_F(GladdeBewerking, TruncatedPhotoStillGetsAThumbnail) {

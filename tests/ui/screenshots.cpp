@@ -37,6 +37,8 @@
 #include "ui/generation_progress.h"
 #include "ui/main_window.h"
 #include "ui/message_boxes.h"
+#include "ui/options_dialog.h"
+#include "ui/resize_dialog.h"
 
 namespace {
 
@@ -139,6 +141,7 @@ int main(int argc, char** argv) {
     });
   };
 
+  const ProgramSettings instellingen = d.settings;
   MainWindow w(std::move(d));
   w.show();
   QApplication::processEvents();
@@ -205,6 +208,33 @@ int main(int argc, char** argv) {
   w.Voltooien();
   QApplication::processEvents();
   Bewaar(&w, QStringLiteral("17-na-voltooien"));
+
+  // The resize dialog on a photo of the site, as it opens with the size
+  // remembered from before and after a new width is typed, and the options
+  // dialog.
+  const QDir site(W<QLineEdit>(&w, "txtUitvoerDir")->text());
+  const QStringList fotos = site.entryList({QStringLiteral("img_????.jpg")}, QDir::Files);
+  if (!fotos.isEmpty()) {
+    opslag.Schrijf("Verkleinen", "Breedte", "1024");
+    opslag.Schrijf("Verkleinen", "Hoogte", "768");
+    VerkleinDialoog verklein(site.filePath(fotos.front()).toStdString(), opslag, meldingen, &w);
+    verklein.show();
+    QApplication::processEvents();
+    Bewaar(&verklein, QStringLiteral("19-verkleinen"));
+    auto* breedte = W<QLineEdit>(&verklein, "txtBreedteNieuw");
+    verklein.activateWindow();
+    breedte->setFocus();
+    QApplication::processEvents();
+    breedte->setText(QStringLiteral("640"));
+    QApplication::processEvents();
+    Bewaar(&verklein, QStringLiteral("20-verkleinen-ingevuld"));
+  }
+  {
+    OptiesDialoog opties(opslag, instellingen, bureaublad, dialogen, meldingen, false, &w);
+    opties.show();
+    QApplication::processEvents();
+    Bewaar(&opties, QStringLiteral("21-opties"));
+  }
 
   ZodraGeopend<QDialog>(QStringLiteral("18-info"), [](QDialog* dlg) { dlg->accept(); });
   W<QAction>(&w, "mnuHelpInfo")->trigger();

@@ -61,8 +61,26 @@ std::optional<QColor> TestDialogen::KleurKiezen(QWidget*, const std::string&, co
   return Volgende(kleuren);
 }
 
+std::string TestDialogen::FotoprogrammaKiezen(QWidget*, const std::string& huidig) {
+  ++aantal;
+  geopend_in.push_back(huidig);
+  return Volgende(fotoprogrammas);
+}
+
 void TestBureaublad::OpenAddress(QWidget*, const std::string& adres, bool) { adressen.push_back(adres); }
 void TestBureaublad::OpenLog(QWidget*, const std::string& pad) { logs.push_back(pad); }
+
+std::string TestBureaublad::FindBrowser(const std::string&) {
+  ++browser_gezocht;
+  return browser;
+}
+
+bool TestBureaublad::StartProgramma(const std::string& programma, const std::vector<std::string>& argumenten) {
+  std::vector<std::string> opdracht = {programma};
+  opdracht.insert(opdracht.end(), argumenten.begin(), argumenten.end());
+  gestart.push_back(opdracht);
+  return start_lukt;
+}
 
 std::optional<std::string> TestOpslag::Lees(std::string_view sectie, std::string_view sleutel) const {
   const auto it = waarden.find(std::string(sectie) + "/" + std::string(sleutel));

@@ -45,6 +45,7 @@ class TestDialogen : public Dialogen {
   std::string MapKiezen(QWidget* ouder, const std::string& titel, const std::string& map) override;
   std::vector<std::string> FotosKiezen(QWidget* ouder, const std::string& map) override;
   std::optional<QColor> KleurKiezen(QWidget* ouder, const std::string& titel, const QColor& huidig) override;
+  std::string FotoprogrammaKiezen(QWidget* ouder, const std::string& huidig) override;
 
   // What the next dialogs return; empty lists stand for "Annuleren".
   std::deque<std::string> te_openen;
@@ -52,6 +53,7 @@ class TestDialogen : public Dialogen {
   std::deque<std::string> mappen;
   std::deque<std::vector<std::string>> fotos;
   std::deque<std::optional<QColor>> kleuren;
+  std::deque<std::string> fotoprogrammas;
 
   // What the dialogs were opened with.
   std::vector<std::string> geopend_in;        // start directory of each file dialog
@@ -64,8 +66,17 @@ class TestBureaublad : public Bureaublad {
  public:
   void OpenAddress(QWidget* ouder, const std::string& adres, bool lopende_browser) override;
   void OpenLog(QWidget* ouder, const std::string& pad) override;
+  std::string FindBrowser(const std::string& adres) override;
+  bool StartProgramma(const std::string& programma, const std::vector<std::string>& argumenten) override;
   std::vector<std::string> adressen;
   std::vector<std::string> logs;
+  // What FindBrowser answers, and how often it was asked.
+  std::string browser = "/usr/bin/firefox";
+  int browser_gezocht = 0;
+  // The programs started, each with its arguments; `start_lukt` false makes
+  // every start fail.
+  std::vector<std::vector<std::string>> gestart;
+  bool start_lukt = true;
 };
 
 class TestOpslag : public VoorkeurenOpslag {

@@ -13,7 +13,10 @@
  * waarmee de pagina begint.
  *
  * Op een gewone fotopagina volgen de pijltoetsen links en rechts de links met de
- * klasse "vorige" en "volgende".
+ * klasse "vorige" en "volgende". Staan de twee lijsten ook op een pagina met meer
+ * foto's (zonder #kbDia), dan opent een klik op een foto, of op een knop met de klasse
+ * "kb-dia-start", een lichtbak: dezelfde diavoorstelling over alle foto's, boven de
+ * pagina, te sluiten met Esc of de knop Sluiten.
  */
 
 /* Nummer van de getoonde foto (1 = de eerste); de keuzelijst van de pagina zet het. */
@@ -60,23 +63,22 @@ function fnToonFoto(iStap) {
     return i >= 1 && i <= iAantal ? i : 1;
   }
 
-  function startDia(oHouder) {
-    var aNamen = splitsLijst(window.sFotoNamenLijst);
-    var aBijschriften = splitsLijst(window.sBijschriftenLijst);
+  // De diavoorstelling in oDelen: houder en foto, en optioneel bijschrift, teller,
+  // bediening, vorige, volgende, afspelen en volledig. In een lichtbak (bLichtbak)
+  // werken toetsen en vegen alleen terwijl die open is, en blijft het adres van de
+  // pagina zoals het is.
+  function maakDia(oDelen, aNamen, aBijschriften, bLichtbak) {
     var iAantal = aNamen.length;
-    var oFoto = oHouder.querySelector('img');
-    if (iAantal === 0 || !oFoto) {
-      return;
-    }
-
-    var oBijschrift = document.getElementById('kbBijschrift');
-    var oTeller = document.getElementById('kbTeller');
-    var oBediening = document.getElementById('kbBediening');
-    var oVorige = document.getElementById('kbVorige');
-    var oVolgende = document.getElementById('kbVolgende');
-    var oAfspelen = document.getElementById('kbAfspelen');
-    var oVolledig = document.getElementById('kbVolledig');
-    var aKeuzelijsten = Array.prototype.filter.call(document.querySelectorAll('select'), function (oLijst) {
+    var oHouder = oDelen.houder;
+    var oFoto = oDelen.foto;
+    var oBijschrift = oDelen.bijschrift;
+    var oTeller = oDelen.teller;
+    var oBediening = oDelen.bediening;
+    var oVorige = oDelen.vorige;
+    var oVolgende = oDelen.volgende;
+    var oAfspelen = oDelen.afspelen;
+    var oVolledig = oDelen.volledig;
+    var aKeuzelijsten = bLichtbak ? [] : Array.prototype.filter.call(document.querySelectorAll('select'), function (oLijst) {
       return /fnToonFoto/.test(oLijst.getAttribute('onchange') || '');
     });
     var iWisseltijd = Math.max(2, parseFloat(oHouder.getAttribute('data-wisseltijd')) || 5) * 1000;
@@ -136,10 +138,12 @@ function fnToonFoto(iStap) {
       aKeuzelijsten.forEach(function (oLijst) {
         oLijst.value = String(i);
       });
-      try {
-        window.history.replaceState(null, '', '#foto' + drieCijfers(i));
-      } catch (oFout) {
-        // Sommige browsers staan dit niet toe voor lokale bestanden; het adres is bijzaak.
+      if (!bLichtbak) {
+        try {
+          window.history.replaceState(null, '', '#foto' + drieCijfers(i));
+        } catch (oFout) {
+          // Sommige browsers staan dit niet toe voor lokale bestanden; het adres is bijzaak.
+        }
       }
       laadBuren(i);
       if (bSpeelt) {
@@ -198,7 +202,7 @@ function fnToonFoto(iStap) {
     }
 
     document.addEventListener('keydown', function (e) {
-      if (!isGewoneToets(e)) {
+      if (!isGewoneToets(e) || (bLichtbak && !oHouder.open)) {
         return;
       }
       switch (e.key) {
@@ -250,15 +254,144 @@ function fnToonFoto(iStap) {
       oLabel.hidden = !oLabel.querySelector('select');
     });
 
-    window.addEventListener('hashchange', function () {
-      var i = nummerUitAdres();
-      if (i >= 1 && i <= iAantal && i !== iFotoNummer) {
-        toon(i);
+    if (!bLichtbak) {
+      window.addEventListener('hashchange', function () {
+        var i = nummerUitAdres();
+        if (i >= 1 && i <= iAantal && i !== iFotoNummer) {
+          toon(i);
+        }
+      });
+    }
+    return { toon: toon, stop: function () { zetAfspelen(false); } };
+  }
+
+  function startDia(oHouder) {
+    var aNamen = splitsLijst(window.sFotoNamenLijst);
+    var oFoto = oHouder.querySelector('img');
+    if (aNamen.length === 0 || !oFoto) {
+      return;
+    }
+    window.kbDiaVoorstelling = maakDia({
+      houder: oHouder,
+      foto: oFoto,
+      bijschrift: document.getElementById('kbBijschrift'),
+      teller: document.getElementById('kbTeller'),
+      bediening: document.getElementById('kbBediening'),
+      vorige: document.getElementById('kbVorige'),
+      volgende: document.getElementById('kbVolgende'),
+      afspelen: document.getElementById('kbAfspelen'),
+      volledig: document.getElementById('kbVolledig')
+    }, aNamen, splitsLijst(window.sBijschriftenLijst), false);
+    window.kbDiaVoorstelling.toon(startNummer(oHouder, aNamen.length));
+  }
+
+  function maakElement(sTag, sKlasse, sTekst) {
+    var oElement = document.createElement(sTag);
+    if (sKlasse) {
+      oElement.className = sKlasse;
+    }
+    if (sTekst) {
+      oElement.textContent = sTekst;
+    }
+    return oElement;
+  }
+
+  function maakKnop(sTekst, sTitel) {
+    var oKnop = maakElement('button', '', sTekst);
+    oKnop.type = 'button';
+    oKnop.title = sTitel;
+    return oKnop;
+  }
+
+  // De lichtbak van een pagina met meer foto's: een dialoog die de pagina zelf maakt.
+  function startLichtbak() {
+    var aNamen = splitsLijst(window.sFotoNamenLijst);
+    var aFotos = Array.prototype.filter.call(document.querySelectorAll('img[id^="img"]'), function (oFoto) {
+      return /^img\d+$/.test(oFoto.id);
+    });
+    var aKnoppen = Array.prototype.slice.call(document.querySelectorAll('.kb-dia-start'));
+    if (aNamen.length === 0 || aFotos.length === 0 || typeof HTMLDialogElement !== 'function') {
+      return;
+    }
+
+    var oDialoog = maakElement('dialog', 'kb-lichtbak');
+    oDialoog.setAttribute('aria-label', 'Diavoorstelling');
+    var oKop = maakElement('div', 'kb-lichtbak-kop');
+    var oTeller = maakElement('p', 'teller');
+    var oSluiten = maakKnop('Sluiten', 'Diavoorstelling sluiten (Esc)');
+    oSluiten.className = 'kb-sluiten';
+    oKop.appendChild(oTeller);
+    oKop.appendChild(oSluiten);
+    var oFiguur = maakElement('figure', 'kb-lichtbak-foto');
+    var oFoto = maakElement('img');
+    oFoto.alt = '';
+    var oBijschrift = maakElement('figcaption');
+    oFiguur.appendChild(oFoto);
+    oFiguur.appendChild(oBijschrift);
+    var oBediening = maakElement('div', 'diabediening');
+    oBediening.hidden = true;
+    var oVorige = maakKnop('\u2039 Vorige', 'Vorige foto (pijl links)');
+    var oAfspelen = maakKnop('Afspelen', 'Foto\'s automatisch na elkaar tonen');
+    var oVolgende = maakKnop('Volgende \u203a', 'Volgende foto (pijl rechts)');
+    oBediening.appendChild(oVorige);
+    oBediening.appendChild(oAfspelen);
+    oBediening.appendChild(oVolgende);
+    oDialoog.appendChild(oKop);
+    oDialoog.appendChild(oFiguur);
+    oDialoog.appendChild(oBediening);
+    document.body.appendChild(oDialoog);
+
+    var oDia = maakDia({
+      houder: oDialoog,
+      foto: oFoto,
+      bijschrift: oBijschrift,
+      teller: oTeller,
+      bediening: oBediening,
+      vorige: oVorige,
+      volgende: oVolgende,
+      afspelen: oAfspelen
+    }, aNamen, splitsLijst(window.sBijschriftenLijst), true);
+    var oTerug = null;
+
+    function open(i, oVan) {
+      oTerug = oVan || null;
+      oDia.toon(i);
+      if (!oDialoog.open) {
+        oDialoog.showModal();
+      }
+      oVolgende.focus();
+    }
+
+    oSluiten.addEventListener('click', function () { oDialoog.close(); });
+    oDialoog.addEventListener('close', function () {
+      oDia.stop();
+      if (oTerug) {
+        oTerug.focus();
+      }
+    });
+    // Een klik naast de foto, op het donkere vlak zelf, sluit ook.
+    oDialoog.addEventListener('click', function (e) {
+      if (e.target === oDialoog) {
+        oDialoog.close();
       }
     });
 
-    window.kbDiaVoorstelling = { toon: toon };
-    toon(startNummer(oHouder, iAantal));
+    aFotos.forEach(function (oFotoOpPagina) {
+      var i = parseInt(oFotoOpPagina.id.slice(3), 10);
+      oFotoOpPagina.classList.add('kb-vergroot');
+      oFotoOpPagina.title = 'Klik voor de diavoorstelling';
+      oFotoOpPagina.addEventListener('click', function (e) {
+        // Een foto in een link volgt die link niet, maar opent de lichtbak.
+        e.preventDefault();
+        open(i, oFotoOpPagina);
+      });
+    });
+    aKnoppen.forEach(function (oKnop) {
+      oKnop.hidden = false;
+      oKnop.addEventListener('click', function () {
+        open(parseInt(aFotos[0].id.slice(3), 10), oKnop);
+      });
+    });
   }
 
   function pijltoetsenVoorPaginas() {
@@ -268,7 +401,8 @@ function fnToonFoto(iStap) {
       return;
     }
     document.addEventListener('keydown', function (e) {
-      if (!isGewoneToets(e)) {
+      // Met de lichtbak open zijn de pijltoetsen van de diavoorstelling.
+      if (!isGewoneToets(e) || document.querySelector('dialog[open]')) {
         return;
       }
       if (e.key === 'ArrowLeft' && oVorige) {
@@ -287,5 +421,6 @@ function fnToonFoto(iStap) {
     startDia(oHouder);
   } else {
     pijltoetsenVoorPaginas();
+    startLichtbak();
   }
 })();

@@ -1,0 +1,119 @@
+#include "images/worker_pool.h"
+
+#include <gtest/gtest.h>
+
+#include <atomic>
+#include <chrono>
+#include <future>
+#include <mutex>
+#include <vector>
+
+namespace kiekbord {
+namespace {
+
+using namespace std::chrono_literals;
+
+// Records the order in which tasks start and the most memory in use at
+// once.
+struct Boekhouding {
+  std::mutex mutex;
+  std::vector<char> volgorde;
+  std::int64_t in_gebruik = 0;
+  std::int64_t hoogste = 0;
+
+  WorkerPool::Task Taak(char naam, std::int64_t geheugen, std::function<void()> werk = [] {}) {
+    return {[geheugen] { return geheugen; },
+            [this, naam, geheugen, werk] {
+              {
+                std::lock_guard lock(mutex);
+                volgorde.push_back(naam);
+                in_gebruik += geheugen;
+                hoogste = std::max(hoogste, in_gebruik);
+              }
+              werk();
+              std::lock_guard lock(mutex);
+              in_gebruik -= geheugen;
+            }};
+  }
+};
+
+TEST(WorkerPool, TaskThatDoesNotFitStepsAsideForOneThatDoes) {
+  Boekhouding boek;
+  std::promise<void> c_klaar;
+  std::shared_future<void> c_gedaan = c_klaar.get_future().share();
+  std::promise<void> alles_klaar;
+  std::atomic<int> te_gaan{3};
+  const auto klaar = [&] {
+    if (--te_gaan == 0) alles_klaar.set_value();
+  };
+  {
+    WorkerPool pool(2, 100);
+    // A holds 80 until C has run; B (80) cannot fit beside A, C (10) can.
+    pool.Submit(boek.Taak('A', 80, [&] {
+      EXPECT_EQ(c_gedaan.wait_for(10s), std::future_status::ready) << "C had to wait behind B";
+      klaar();
+    }));
+    pool.Submit(boek.Taak('B', 80, klaar));
+    pool.Submit(boek.Taak('C', 10, [&] {
+      c_klaar.set_value();
+      klaar();
+    }));
+    ASSERT_EQ(alles_klaar.get_future().wait_for(10s), std::future_status::ready);
+  }
+  EXPECT_EQ(boek.volgorde, (std::vector<char>{'A', 'C', 'B'}));
+  EXPECT_EQ(boek.hoogste, 90);
+}
+
+TEST(WorkerPool, TaskLargerThanTheBudgetRunsAlone) {
+  Boekhouding boek;
+  std::promise<void> alles_klaar;
+  std::atomic<int> te_gaan{20};
+  const auto klaar = [&] {
+    if (--te_gaan == 0) alles_klaar.set_value();
+  };
+  {
+    WorkerPool pool(4, 100);
+    for (int i = 0; i < 20; ++i) pool.Submit(boek.Taak(static_cast<char>('a' + i), i % 5 == 0 ? 250 : 30, klaar));
+    ASSERT_EQ(alles_klaar.get_future().wait_for(10s), std::future_status::ready);
+  }
+  EXPECT_EQ(boek.volgorde.size(), 20u);
+  EXPECT_LE(boek.hoogste, 250) << "a task over the budget had company";
+  EXPECT_GE(boek.hoogste, 90) << "small tasks ran side by side";
+}
+
+TEST(WorkerPool, WithoutThreadsEveryTaskRunsAtOnce) {
+  Boekhouding boek;
+  WorkerPool pool(0, 1);
+  pool.Submit(boek.Taak('x', 5));
+  EXPECT_EQ(boek.volgorde, std::vector<char>{'x'});
+  pool.Submit(boek.Taak('y', 5));
+  EXPECT_EQ(boek.volgorde, (std::vector<char>{'x', 'y'}));
+}
+
+// Sets its promise when the last task holding it is destroyed.
+struct Verwijderd {
+  std::promise<void> promise;
+  ~Verwijderd() { promise.set_value(); }
+};
+
+TEST(WorkerPool, TasksNotStartedAreDroppedAtTheEnd) {
+  Boekhouding boek;
+  auto verwijderd = std::make_shared<Verwijderd>();
+  std::shared_future<void> wachtrij_leeg = verwijderd->promise.get_future().share();
+  std::promise<void> loopt;
+  {
+    WorkerPool pool(1, 100);
+    // The one worker stays in 'a' until the pool has dropped the queue.
+    pool.Submit(boek.Taak('a', 1, [&] {
+      loopt.set_value();
+      EXPECT_EQ(wachtrij_leeg.wait_for(10s), std::future_status::ready);
+    }));
+    for (int i = 0; i < 5; ++i) pool.Submit(boek.Taak('b', 1, [verwijderd] {}));
+    verwijderd.reset();
+    loopt.get_future().wait();
+  }
+  EXPECT_EQ(boek.volgorde, std::vector<char>{'a'});
+}
+
+}  // namespace
+}  // namespace kiekbord
