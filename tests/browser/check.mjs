@@ -307,7 +307,10 @@ async function kapotteAfbeeldingen(pagina) {
       b.addEventListener('load', klaar, { once: true });
       b.addEventListener('error', klaar, { once: true });
     }))));
-    return beelden.filter((b) => !(b.complete && b.naturalWidth > 0)).map((b) => b.getAttribute('src'));
+    // An image without a source (a slideshow frame still waiting for its
+    // photo) points nowhere, so it cannot be a broken link.
+    return beelden.filter((b) => b.getAttribute('src') && !(b.complete && b.naturalWidth > 0))
+      .map((b) => b.getAttribute('src'));
   });
 }
 
