@@ -136,11 +136,11 @@ Status Verklein(std::vector<std::uint8_t>& rgb, int breedte, int hoogte, Thumbna
 // twice the thumbnail size (shrink-on-load: the full image is never
 // decoded), libvips resamples that with Lanczos, libjpeg-turbo encodes.
 // libvips' own thumbnail call does the same work through its loader and
-// pipeline; measured on the wallpaper corpus of bench/ it took 1.13 times
-// the processor time of this path (3.38 s against 2.98 s for 57 photos,
-// 17.3 s against 16.1 s for 300), more than Pillow (3.13 s, 16.3 s), the
-// fastest other tool, which the thumbnail run must not trail. This path is
-// the cheapest of all tools measured, below djpeg's bare 1/8 decode.
+// pipeline; on the wallpaper corpus of bench/ (two cores) it took 1.08
+// times the processor time of this path (3.28 s against 3.04 s for 57
+// photos, 16.4 s against 15.3 s for 300) and trailed the fastest other tool,
+// Pillow, by 11 % on the clock, where the thumbnail run may not trail it at
+// all; with this path the run keeps level with it.
 void ThumbnailViaSchaal(std::string_view jpeg, const JpegKop& kop, ThumbnailWerk& werk) {
   const ThumbnailMaat maat = BerekenThumbnailMaat(kop.breedte, kop.hoogte);
   const Schaal schaal = KiesSchaal(kop.breedte, kop.hoogte, 2 * maat.breedte, 2 * maat.hoogte);

@@ -3,6 +3,8 @@
 #include <malloc.h>
 
 #include <algorithm>
+#include <chrono>
+#include <condition_variable>
 #include <cstdio>
 #include <ctime>
 #include <deque>
@@ -27,11 +29,14 @@
 namespace kiekbord {
 namespace {
 
-// What the photos being made at once may take: together with the program
-// itself (some 35 MB) this keeps a run under 200 MB even when several large
-// progressive photos, which hold all their coefficients while decoding,
-// come together.
+// What the photos being made at once may take. With the program itself
+// (some 35 MB) and what the heap keeps between photos this holds a run
+// under 200 MB, even when large progressive photos, which hold all their
+// coefficients while decoding, come together; more would let two of those
+// run side by side and break that bound.
 constexpr std::int64_t kGeheugenBudget = std::int64_t{128} << 20;
+// A photo that takes this much hands its memory back when it is done.
+constexpr std::int64_t kGrootGeheugen = std::int64_t{64} << 20;
 
 // The start of a photo that is read to find its frame header; camera data
 // in front of it stays well below this.
@@ -54,19 +59,48 @@ std::int64_t GeschatGeheugen(ImageLibrary library, const std::string& foto) {
   return bytes;
 }
 
+// Counts the thumbnails made in memory so far, on any worker, and wakes the
+// run's own thread at each one so it can tell the progress.
+class Teller {
+ public:
+  void Tel() {
+    {
+      std::lock_guard lock(mutex_);
+      ++aantal_;
+    }
+    gewijzigd_.notify_all();
+  }
+
+  int Aantal() {
+    std::lock_guard lock(mutex_);
+    return aantal_;
+  }
+
+  // Waits until more than `gezien` are counted.
+  void WachtOpMeerDan(int gezien) {
+    std::unique_lock lock(mutex_);
+    gewijzigd_.wait(lock, [&] { return aantal_ > gezien; });
+  }
+
+ private:
+  std::mutex mutex_;
+  std::condition_variable gewijzigd_;
+  int aantal_ = 0;
+};
+
 // The make half of one photo's thumbnail, in the pool: first a look at the
 // photo's header for the memory it will take, then, once that memory is
 // there, reading the photo and making the thumbnail in memory.
 class FotoWerk {
  public:
-  FotoWerk(ImageLibrary library, std::string foto, std::string thumb)
-      : library_(library), foto_(std::move(foto)), thumb_(std::move(thumb)) {}
+  FotoWerk(ImageLibrary library, std::string foto, std::string thumb, Teller& teller)
+      : library_(library), foto_(std::move(foto)), thumb_(std::move(thumb)), teller_(teller) {}
 
   std::future<ThumbnailWerk> Resultaat() { return resultaat_.get_future(); }
 
-  std::int64_t Geheugen() const {
+  std::int64_t Geheugen() {
     try {
-      return GeschatGeheugen(library_, foto_);
+      return geheugen_ = GeschatGeheugen(library_, foto_);
     } catch (const std::bad_alloc&) {
       return 0;  // making it will run out of memory too, and say so
     }
@@ -78,6 +112,10 @@ class FotoWerk {
     } catch (...) {
       resultaat_.set_exception(std::current_exception());
     }
+    // The gaps a large photo leaves in the heap would otherwise add to the
+    // next large one's memory.
+    if (geheugen_ >= kGrootGeheugen) ::malloc_trim(0);
+    teller_.Tel();
   }
 
  private:
@@ -94,13 +132,15 @@ class FotoWerk {
   const ImageLibrary library_;
   const std::string foto_;
   const std::string thumb_;
+  Teller& teller_;
   std::promise<ThumbnailWerk> resultaat_;
+  std::int64_t geheugen_ = 0;
 };
 
 // Lets all workers allocate from one heap. By default glibc gives each
 // thread a heap of its own and keeps each heap as large as the largest photo
 // its thread ever decoded, so the process grows by one large photo per core
-// (195 MB on two cores for the bench corpus; 153 MB with one heap, at the
+// (on two cores some 40 MB more at the peak for the bench corpus, at the
 // same processor time).
 void DeelEenHeap() {
   static std::once_flag once;
@@ -159,11 +199,13 @@ class ThumbnailRun {
   Status VerwerkFotos() {
     const int gelijktijdig = Gelijktijdig();
     if (gelijktijdig > 1) DeelEenHeap();
-    // One at a time runs on this thread. Otherwise several photos per core
-    // are under way, so that while a large one waits for memory, or runs
-    // alone, the other cores find smaller ones to make.
+    // One at a time runs on this thread. Otherwise every photo is looked at
+    // first and all thumbnails to make are handed to the workers at once, so
+    // that while a large photo waits for memory, or runs alone, the other
+    // cores find smaller ones to make; a photo takes no memory before it is
+    // made, and a made one only its thumbnail until it is written.
     WorkerPool pool(gelijktijdig == 1 ? 0 : gelijktijdig, kGeheugenBudget);
-    const std::size_t venster = gelijktijdig == 1 ? 1 : 4 * static_cast<std::size_t>(gelijktijdig);
+    const std::size_t venster = gelijktijdig == 1 ? 1 : namen_.size();
 
     for (int i = 0; i < static_cast<int>(namen_.size()); ++i) {
       bool stop = false;
@@ -184,10 +226,12 @@ class ThumbnailRun {
   // Steps of one photo up to the making of its thumbnail. `stop` is set
   // when no further photo may be started.
   Status BeslisFoto(int i, WorkerPool& pool, bool& stop) {
-    beslist_ = i;
     const std::string foto = foto_dir_ + namen_[static_cast<std::size_t>(i)];
     const std::string basis = BasisNaam(foto);
-    if (EndsWith(basis, "_tn") || Extensie(foto) != ".jpg") return Status::Ok();
+    if (EndsWith(basis, "_tn") || Extensie(foto) != ".jpg") {
+      ++zonder_thumbnail_;
+      return Status::Ok();
+    }
     const std::string thumb = ThumbnailPad(foto);
 
     // An earlier photo still being made may write the very files this one
@@ -206,14 +250,18 @@ class ThumbnailRun {
     const bool ongewijzigd = LeesWaarde(lijst_, basis, "grootte", "xx") == grootte &&
                              LeesWaarde(lijst_, basis, "datumtijd", "xx") == tijd &&
                              Fs().FileExists(thumb);
-    if (ongewijzigd) return Status::Ok();
+    if (ongewijzigd) {
+      ++zonder_thumbnail_;
+      return Status::Ok();
+    }
 
     Taak taak;
     taak.index = i;
     taak.thumb = thumb;
-    auto werk = std::make_shared<FotoWerk>(library_, foto, thumb);
+    auto werk = std::make_shared<FotoWerk>(library_, foto, thumb, gemaakt_);
     taak.werk = werk->Resultaat();
-    pool.Submit({[werk] { return werk->Geheugen(); }, [werk] { werk->Maak(); }});
+    // The compressed size stands for the cost of decoding.
+    pool.Submit({[werk] { return werk->Geheugen(); }, [werk] { werk->Maak(); }, info.size});
     // The list is brought up to date now, as the photo's thumbnail will be
     // made before the next photo is looked at; should the making fail, the
     // run ends and the list is never written.
@@ -248,6 +296,11 @@ class ThumbnailRun {
   Status VoltooiOudste() {
     Taak taak = std::move(wachtend_.front());
     wachtend_.pop_front();
+    // Tell the progress of the photos made meanwhile, in whatever order.
+    while (taak.werk.wait_for(std::chrono::seconds(0)) != std::future_status::ready) {
+      gemaakt_.WachtOpMeerDan(gemaakt_gemeld_);
+      MeldVoortgang();
+    }
     const ThumbnailWerk werk = Ophalen(taak.werk);
     if (library_ == ImageLibrary::kGdiPlus) {
       const Status status = VoltooiGdiThumbnail(werk, taak.thumb);
@@ -270,12 +323,12 @@ class ThumbnailRun {
     }
   }
 
-  // Tells how many photos are done: every photo before the oldest one still
-  // being made, or up to the last one looked at.
+  // Tells how many photos are done: those that need no thumbnail and those
+  // whose thumbnail is made.
   void MeldVoortgang() {
-    if (!opties_.voortgang) return;
-    const int gedaan = wachtend_.empty() ? beslist_ + 1 : wachtend_.front().index;
-    if (gedaan <= gemeld_) return;
+    gemaakt_gemeld_ = gemaakt_.Aantal();
+    const int gedaan = zonder_thumbnail_ + gemaakt_gemeld_;
+    if (!opties_.voortgang || gedaan <= gemeld_) return;
     gemeld_ = gedaan;
     opties_.voortgang(gedaan, static_cast<int>(namen_.size()));
   }
@@ -288,7 +341,9 @@ class ThumbnailRun {
   LineTable lijst_;
   std::deque<Taak> wachtend_;
   std::int32_t teller_ = 0;
-  int beslist_ = -1;
+  Teller gemaakt_;
+  int gemaakt_gemeld_ = 0;
+  int zonder_thumbnail_ = 0;
   int gemeld_ = 0;
 };
 

@@ -32,7 +32,8 @@ void WorkerPool::Submit(Task task) {
   }
   {
     std::lock_guard lock(mutex_);
-    queue_.push_back(std::move(task));
+    const std::int64_t cost = task.cost;
+    queue_.push_back(Queued{next_order_++, cost, std::move(task)});
   }
   wake_.notify_one();
 }
@@ -48,35 +49,47 @@ void WorkerPool::RunReserved(std::unique_lock<std::mutex>& lock, std::int64_t me
   wake_.notify_all();
 }
 
-void WorkerPool::SetAside(Aside aside) {
-  const auto later = std::find_if(aside_.begin(), aside_.end(),
-                                  [&](const Aside& other) { return other.order > aside.order; });
-  aside_.insert(later, std::move(aside));
+namespace {
+
+// The costliest of `items` for which `eligible` holds, the earliest given
+// among equals; end() when none.
+template <typename Items, typename Eligible>
+auto Costliest(Items& items, Eligible eligible) {
+  auto best = items.end();
+  for (auto it = items.begin(); it != items.end(); ++it) {
+    if (!eligible(*it)) continue;
+    if (best == items.end() || it->cost > best->cost || (it->cost == best->cost && it->order < best->order)) {
+      best = it;
+    }
+  }
+  return best;
 }
+
+}  // namespace
 
 void WorkerPool::Work() {
   std::unique_lock lock(mutex_);
   while (!stopping_) {
-    // The oldest task set aside that fits now comes first.
-    const auto fitting = std::find_if(aside_.begin(), aside_.end(), [this](const Aside& a) { return Fits(a.memory); });
+    // A task set aside that fits now comes first.
+    const auto fitting = Costliest(aside_, [this](const Aside& a) { return Fits(a.memory); });
     if (fitting != aside_.end()) {
       Aside aside = std::move(*fitting);
       aside_.erase(fitting);
       RunReserved(lock, aside.memory, aside.run);
       continue;
     }
-    if (!queue_.empty()) {
-      Task task = std::move(queue_.front());
-      queue_.pop_front();
-      const std::uint64_t order = next_order_++;
+    const auto next = Costliest(queue_, [](const Queued&) { return true; });
+    if (next != queue_.end()) {
+      Queued queued = std::move(*next);
+      queue_.erase(next);
       lock.unlock();
-      const std::int64_t memory = task.prepare();
+      const std::int64_t memory = queued.task.prepare();
       lock.lock();
       if (stopping_) break;
       if (Fits(memory)) {
-        RunReserved(lock, memory, task.run);
+        RunReserved(lock, memory, queued.task.run);
       } else {
-        SetAside(Aside{order, memory, std::move(task.run)});
+        aside_.push_back(Aside{queued.order, queued.cost, memory, std::move(queued.task.run)});
       }
       continue;
     }

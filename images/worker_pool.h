@@ -1,12 +1,11 @@
 // Running work on all cores within a memory budget: a fixed set of worker
-// threads that take tasks in the order given, except that a task whose
-// memory does not fit beside that of the running ones steps aside, and later
-// tasks that do fit go first, so no core idles behind one large photo.
+// threads that take the costliest task first (so no core is left with a
+// long one at the end), where a task whose memory does not fit beside that
+// of the running ones steps aside and others that do fit go first.
 #pragma once
 
 #include <condition_variable>
 #include <cstdint>
-#include <deque>
 #include <functional>
 #include <mutex>
 #include <thread>
@@ -23,6 +22,9 @@ class WorkerPool {
     // The costly step; it starts once its memory fits. A task larger than
     // the whole budget runs alone.
     std::function<void()> run;
+    // How costly the task is: higher goes first, equal ones in the order
+    // given.
+    std::int64_t cost = 0;
   };
 
   // `threads` workers sharing `memory_budget` bytes; with 0 threads every
@@ -39,9 +41,15 @@ class WorkerPool {
   static int Cores();
 
  private:
+  struct Queued {
+    std::uint64_t order = 0;
+    std::int64_t cost = 0;
+    Task task;
+  };
   // A prepared task waiting for its memory.
   struct Aside {
     std::uint64_t order = 0;
+    std::int64_t cost = 0;
     std::int64_t memory = 0;
     std::function<void()> run;
   };
@@ -50,13 +58,12 @@ class WorkerPool {
   void Work();
   // Runs `run` with `memory` reserved; called and returns with the lock held.
   void RunReserved(std::unique_lock<std::mutex>& lock, std::int64_t memory, const std::function<void()>& run);
-  void SetAside(Aside aside);
 
   const std::int64_t budget_;
   std::mutex mutex_;
   std::condition_variable wake_;
-  std::deque<Task> queue_;
-  std::vector<Aside> aside_;  // oldest first
+  std::vector<Queued> queue_;
+  std::vector<Aside> aside_;
   std::uint64_t next_order_ = 0;
   std::int64_t reserved_ = 0;
   bool stopping_ = false;

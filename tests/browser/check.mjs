@@ -289,6 +289,7 @@ function controleerBestanden(k, fouten) {
 // Opens a page and collects what went wrong while it loaded and ran.
 async function openPagina(context, url, voorbereiding) {
   const pagina = await context.newPage();
+  pagina.setDefaultTimeout(10000);
   const problemen = [];
   const verzoeken = [];
   pagina.on('console', (m) => { if (m.type() === 'error') problemen.push(`consolefout: ${m.text()}`); });
@@ -321,7 +322,7 @@ async function controleerPagina(context, k, naam, fouten, schermafdruk, axe) {
   const kapot = await kapotteAfbeeldingen(pagina);
   await zonderZijwaartsScrollen(pagina, fouten, `${waar} (desktop)`);
   if (schermafdruk) {
-    await pagina.screenshot({ path: schermafdruk, fullPage: true });
+    await pagina.screenshot({ path: schermafdruk, fullPage: true, animations: 'disabled' });
     const ontoegankelijk = await toegankelijkheidsfouten(pagina, axe);
     fouten.controleer(ontoegankelijk.length === 0, waar, `toegankelijkheid: ${ontoegankelijk.join('; ')}`);
   }
@@ -491,7 +492,7 @@ async function controleerDia(context, k, fouten) {
 }
 
 // A page with several photos opens the lightbox on a photo or the slideshow button.
-async function controleerLichtbak(context, k, fouten) {
+async function controleerLichtbak(context, k, fouten, schermafdruk) {
   const waar = `${k.waar}/kb002.html (lichtbak)`;
   const { pagina, problemen } = await openPagina(context, pathToFileURL(path.join(k.site, 'kb002.html')).href);
   try {
@@ -499,6 +500,7 @@ async function controleerLichtbak(context, k, fouten) {
     await pagina.locator('#img005').click();
     await lichtbak.waitFor({ state: 'visible', timeout: 5000 });
     await verwachtFoto(pagina, 5, fouten, `${waar}, klik op foto 5`, kLichtbak);
+    if (schermafdruk) await pagina.screenshot({ path: schermafdruk, animations: 'disabled' });
     await pagina.keyboard.press('ArrowRight');
     await verwachtFoto(pagina, 6, fouten, `${waar}, pijl rechts`, kLichtbak);
     await lichtbak.getByRole('button', { name: /Volgende/ }).click();
@@ -550,11 +552,16 @@ function soortVan(k, naam) {
   return naam === 'kb001.html' ? k.naam : null;
 }
 
-// Compared with the viewport set, since a phone widens its layout to fit what sticks out.
+// Compared with the viewport set, since a phone widens its layout to fit what
+// sticks out. A page opened without an anchor starts at the top, where its
+// navigation is (scroll snapping must not carry it away).
 async function zonderZijwaartsScrollen(pagina, fouten, waar) {
   const venster = pagina.viewportSize().width;
-  const breed = await pagina.evaluate(() => document.documentElement.scrollWidth);
+  const { breed, boven } = await pagina.evaluate(() => ({
+    breed: document.documentElement.scrollWidth, boven: window.scrollY,
+  }));
   fouten.controleer(breed <= venster, waar, `pagina is ${breed}px breed in een venster van ${venster}px`);
+  fouten.controleer(boven === 0, waar, `pagina begint ${boven}px naar beneden gescrold`);
 }
 
 // The first page of each kind of each template set is saved as a screenshot.
@@ -569,6 +576,15 @@ function schermafdrukVoor(k, naam, map, breedte, gezien) {
   return path.join(map, bestand);
 }
 
+// The lightbox of the first gallery of a set with several photos per page.
+function lichtbakAfdruk(k, map, breedte, gezien) {
+  if (k.vorm.achtervoegsel !== 'm') return null;
+  const bestand = `${k.sjabloon}-lichtbak-${breedte}.png`;
+  if (gezien.has(bestand)) return null;
+  gezien.add(bestand);
+  return path.join(map, bestand);
+}
+
 // A phone shows every page without sideways scrolling.
 async function controleerOpTelefoon(context, k, map, fouten, gezien) {
   for (const naam of k.paginas) {
@@ -577,7 +593,7 @@ async function controleerOpTelefoon(context, k, map, fouten, gezien) {
     const waar = `${k.waar}/${naam} (telefoon)`;
     await zonderZijwaartsScrollen(pagina, fouten, waar);
     const schermafdruk = schermafdrukVoor(k, naam, map, 'telefoon', gezien);
-    if (schermafdruk) await pagina.screenshot({ path: schermafdruk, fullPage: true });
+    if (schermafdruk) await pagina.screenshot({ path: schermafdruk, fullPage: true, animations: 'disabled' });
     await pagina.close();
     fouten.controleer(problemen.length === 0, waar, problemen.join('; '));
   }
@@ -629,7 +645,9 @@ async function main() {
       paginas += k.paginas.length;
       await controleerNavigatie(desktop.context, k, fouten);
       if (k.vorm.presentatie === 1) await controleerDia(desktop.context, k, fouten);
-      if (k.vorm.achtervoegsel === 'm' && k.paginas.includes('kb002.html')) await controleerLichtbak(desktop.context, k, fouten);
+      if (k.vorm.achtervoegsel === 'm' && k.paginas.includes('kb002.html')) {
+        await controleerLichtbak(desktop.context, k, fouten, lichtbakAfdruk(k, schermafdrukken, 'desktop', gezien));
+      }
     }
     console.log(`${paginas} pagina's geopend op ${kDesktop.width}px (${((Date.now() - begin) / 1000).toFixed(1)} s)`);
     await desktop.sluit();
@@ -641,6 +659,8 @@ async function main() {
       for (const k of kiekborden) {
         await controleerOpTelefoon(telefoon.context, k, schermafdrukken, fouten, gezien);
         if (k.vorm.presentatie === 1) await controleerVegen(telefoon.context, k, fouten);
+        const lichtbak = k.paginas.includes('kb002.html') && lichtbakAfdruk(k, schermafdrukken, 'telefoon', gezien);
+        if (lichtbak) await controleerLichtbak(telefoon.context, k, fouten, lichtbak);
       }
     } finally {
       await telefoon.sluit();

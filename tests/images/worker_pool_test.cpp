@@ -21,7 +21,8 @@ struct Boekhouding {
   std::int64_t in_gebruik = 0;
   std::int64_t hoogste = 0;
 
-  WorkerPool::Task Taak(char naam, std::int64_t geheugen, std::function<void()> werk = [] {}) {
+  WorkerPool::Task Taak(char naam, std::int64_t geheugen, std::function<void()> werk = [] {},
+                        std::int64_t kosten = 0) {
     return {[geheugen] { return geheugen; },
             [this, naam, geheugen, werk] {
               {
@@ -33,7 +34,8 @@ struct Boekhouding {
               werk();
               std::lock_guard lock(mutex);
               in_gebruik -= geheugen;
-            }};
+            },
+            kosten};
   }
 };
 
@@ -79,6 +81,35 @@ TEST(WorkerPool, TaskLargerThanTheBudgetRunsAlone) {
   EXPECT_EQ(boek.volgorde.size(), 20u);
   EXPECT_LE(boek.hoogste, 250) << "a task over the budget had company";
   EXPECT_GE(boek.hoogste, 90) << "small tasks ran side by side";
+}
+
+TEST(WorkerPool, CostliestTaskGoesFirst) {
+  Boekhouding boek;
+  std::promise<void> los;
+  std::shared_future<void> losgelaten = los.get_future().share();
+  std::promise<void> loopt;
+  std::promise<void> alles_klaar;
+  std::atomic<int> te_gaan{5};
+  const auto klaar = [&] {
+    if (--te_gaan == 0) alles_klaar.set_value();
+  };
+  {
+    WorkerPool pool(1, 100);
+    // The one worker is held in 'a' while the others queue up.
+    pool.Submit(boek.Taak('a', 1, [&] {
+      loopt.set_value();
+      EXPECT_EQ(losgelaten.wait_for(10s), std::future_status::ready);
+      klaar();
+    }));
+    loopt.get_future().wait();
+    pool.Submit(boek.Taak('b', 1, klaar, 10));
+    pool.Submit(boek.Taak('c', 1, klaar, 30));
+    pool.Submit(boek.Taak('d', 1, klaar, 10));
+    pool.Submit(boek.Taak('e', 1, klaar, 20));
+    los.set_value();
+    ASSERT_EQ(alles_klaar.get_future().wait_for(10s), std::future_status::ready);
+  }
+  EXPECT_EQ(boek.volgorde, (std::vector<char>{'a', 'c', 'e', 'b', 'd'}));
 }
 
 TEST(WorkerPool, WithoutThreadsEveryTaskRunsAtOnce) {

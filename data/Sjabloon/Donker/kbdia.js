@@ -303,17 +303,9 @@ function fnToonFoto(iStap) {
     return oKnop;
   }
 
-  // De lichtbak van een pagina met meer foto's: een dialoog die de pagina zelf maakt.
-  function startLichtbak() {
-    var aNamen = splitsLijst(window.sFotoNamenLijst);
-    var aFotos = Array.prototype.filter.call(document.querySelectorAll('img[id^="img"]'), function (oFoto) {
-      return /^img\d+$/.test(oFoto.id);
-    });
-    var aKnoppen = Array.prototype.slice.call(document.querySelectorAll('.kb-dia-start'));
-    if (aNamen.length === 0 || aFotos.length === 0 || typeof HTMLDialogElement !== 'function') {
-      return;
-    }
-
+  // De lichtbak van een pagina met meer foto's: een dialoog die het script pas bij
+  // het eerste openen maakt, zodat de pagina zonder lichtbak niets extra's bevat.
+  function bouwLichtbak(aNamen) {
     var oDialoog = maakElement('dialog', 'kb-lichtbak');
     oDialoog.setAttribute('aria-label', 'Diavoorstelling');
     var oKop = maakElement('div', 'kb-lichtbak-kop');
@@ -351,39 +343,53 @@ function fnToonFoto(iStap) {
       volgende: oVolgende,
       afspelen: oAfspelen
     }, aNamen, splitsLijst(window.sBijschriftenLijst), true);
-    var oTerug = null;
-
-    function open(i, oVan) {
-      oTerug = oVan || null;
-      oDia.toon(i);
-      if (!oDialoog.open) {
-        oDialoog.showModal();
-      }
-      oVolgende.focus();
-    }
+    var oLichtbak = { dialoog: oDialoog, dia: oDia, volgende: oVolgende, terug: null };
 
     oSluiten.addEventListener('click', function () { oDialoog.close(); });
     oDialoog.addEventListener('close', function () {
       oDia.stop();
-      if (oTerug) {
-        oTerug.focus();
+      if (oLichtbak.terug) {
+        oLichtbak.terug.focus();
       }
     });
-    // Een klik naast de foto, op het donkere vlak zelf, sluit ook.
+    // Een klik naast de foto, op het vlak van de dialoog zelf, sluit ook.
     oDialoog.addEventListener('click', function (e) {
       if (e.target === oDialoog) {
         oDialoog.close();
       }
     });
+    return oLichtbak;
+  }
 
-    aFotos.forEach(function (oFotoOpPagina) {
-      var i = parseInt(oFotoOpPagina.id.slice(3), 10);
-      oFotoOpPagina.classList.add('kb-vergroot');
-      oFotoOpPagina.title = 'Klik voor de diavoorstelling';
-      oFotoOpPagina.addEventListener('click', function (e) {
+  function startLichtbak() {
+    var aNamen = splitsLijst(window.sFotoNamenLijst);
+    var aFotos = Array.prototype.filter.call(document.querySelectorAll('img[id^="img"]'), function (oFoto) {
+      return /^img\d+$/.test(oFoto.id);
+    });
+    var aKnoppen = Array.prototype.slice.call(document.querySelectorAll('.kb-dia-start'));
+    if (aNamen.length === 0 || aFotos.length === 0 || typeof HTMLDialogElement !== 'function') {
+      return;
+    }
+    var oLichtbak = null;
+
+    function open(i, oVan) {
+      oLichtbak = oLichtbak || bouwLichtbak(aNamen);
+      oLichtbak.terug = oVan;
+      oLichtbak.dia.toon(i);
+      if (!oLichtbak.dialoog.open) {
+        oLichtbak.dialoog.showModal();
+      }
+      oLichtbak.volgende.focus();
+    }
+
+    aFotos.forEach(function (oFoto) {
+      var i = parseInt(oFoto.id.slice(3), 10);
+      oFoto.classList.add('kb-vergroot');
+      oFoto.title = 'Klik voor de diavoorstelling';
+      oFoto.addEventListener('click', function (e) {
         // Een foto in een link volgt die link niet, maar opent de lichtbak.
         e.preventDefault();
-        open(i, oFotoOpPagina);
+        open(i, oFoto);
       });
     });
     aKnoppen.forEach(function (oKnop) {
