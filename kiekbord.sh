@@ -91,6 +91,16 @@ run_tests() {
   ctest --preset dev -j "$(nproc)"
   build asan
   ctest --preset asan -j "$(nproc)"
+  # The thread sanitizer on the parallel thumbnail run: its preset builds
+  # only the two test programs and runs only those tests.
+  build tsan
+  ctest --preset tsan -j "$(nproc)"
+  # In CI every fuzz target runs for a short while too (docs/robustness.md).
+  # Debian's clang only recommends the libFuzzer runtime, so it is named.
+  if [ "${CI:-}" = true ]; then
+    ensure_packages clang libclang-rt-14-dev
+    fuzz/run.sh 20
+  fi
 }
 
 [ $# -eq 1 ] || usage

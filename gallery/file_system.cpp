@@ -131,6 +131,8 @@ class DiskFileSystem : public FileSystem {
     if (::stat(path.c_str(), &st) != 0) return Status::FromErrno(errno);
     info.size = st.st_size;
     info.modified_ns = static_cast<std::int64_t>(st.st_mtim.tv_sec) * 1000000000 + st.st_mtim.tv_nsec;
+    info.device = st.st_dev;
+    info.inode = st.st_ino;
     return Status::Ok();
   }
 

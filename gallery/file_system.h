@@ -20,6 +20,10 @@ struct FileInfo {
   std::int64_t size = 0;
   // Modification time in nanoseconds since the epoch.
   std::int64_t modified_ns = 0;
+  // Which file (or directory) this is: two paths of the same one give the
+  // same pair; 0 and 0 when unknown.
+  std::uint64_t device = 0;
+  std::uint64_t inode = 0;
 };
 
 // A file written line by line (the generation log). Every Append reaches the

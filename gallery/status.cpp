@@ -30,7 +30,8 @@ int ErrorNumberFromErrno(int errno_value) {
     case EPERM:
     case EROFS: return fout::kPermissionDenied;
     case ENOSPC:
-    case EDQUOT: return fout::kDiskFull;
+    case EDQUOT:
+    case EFBIG: return fout::kDiskFull;  // a file-size limit fills up like a disk
     case EEXIST: return fout::kFileExists;
     case ENAMETOOLONG:
     case EINVAL: return fout::kBadFileName;

@@ -101,6 +101,20 @@ bool ControleerSjablonen(const SiteGegevens& g) {
   return ok;
 }
 
+// Deleting the old pages ("kb*") from an output directory that is the
+// template directory would delete the templates themselves; such a run is
+// refused. True when the two differ (or cannot be compared).
+bool ControleerUitvoerDir(const SiteGegevens& g) {
+  FileInfo uitvoer;
+  FileInfo sjablonen;
+  if (!Fs().GetFileInfo(g.uitvoer_dir, uitvoer).ok() || !Fs().GetFileInfo(g.sjabloon_dir, sjablonen).ok()) {
+    return true;
+  }
+  if (uitvoer.inode == 0 || uitvoer.inode != sjablonen.inode || uitvoer.device != sjablonen.device) return true;
+  SchrijfLog("Uitvoerdirectory " + g.uitvoer_dir + " is de sjabloondirectory; kies een andere uitvoerdirectory.");
+  return false;
+}
+
 // Step 12: earlier photo and overview pages ("kb*" + extension) go.
 void VerwijderOudePaginas(const SiteGegevens& g) {
   std::vector<std::string> old_pages;
@@ -138,6 +152,7 @@ std::int16_t RunSteps(const std::string& script_path, const SiteOmgeving& omgevi
   SchrijfLog("Variabelen uit script ingelezen.");
   BouwSjabloonPaden(gegevens, omgeving.settings);
   if (!ControleerSjablonen(gegevens)) failed = kMislukt;
+  if (!ControleerUitvoerDir(gegevens)) failed = kMislukt;
 
   SiteRun run{omgeving.settings, gegevens, NavigatieTeksten{}, failed, omgeving.voortgang};
   if (run.failed == kGelukt) LeesNavigatieTeksten(gegevens.sjabloon_ini, run.navigatie);

@@ -37,7 +37,7 @@ OverzichtFoto OverzichtFotoVan(const SiteGegevens& g, int nummer) {
   foto.hoogte = std::to_string(HoogteVanAfmetingen(afmetingen));
   if (nummer > n) return foto;
 
-  const std::string bron = "<img src=\"" + foto.thumbnail + "\"";
+  const std::string bron = "<img src=\"" + BestandsLink(foto.thumbnail) + "\"";
   const std::string rand_en_alt = " border=\"0\"" + AltAttribuut(nummer, n) + ">";
   foto.met_maat =
       bron + " width=\"" + foto.breedte + "\" height=\"" + foto.hoogte + "\"" + rand_en_alt;

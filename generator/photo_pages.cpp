@@ -64,8 +64,9 @@ FotoTeksten FotoTekstenVan(const FotoRun& run, const FotoPlaats& plaats) {
   const std::string nummer = DrieCijfers(plaats.nummer);
   const std::string namen = " name=\"img" + nummer + "\" id=\"img" + nummer + "\"";
   const std::string alt = AltAttribuut(plaats.nummer, g.AantalFotos());
-  foto.met_maat = "<img" + namen + " src=\"" + foto.naam + "\"" + maat + alt + ">";
-  foto.zonder_maat = "<img" + namen + " src=\"" + foto.naam + "\"" + alt + ">";
+  const std::string bron = " src=\"" + BestandsLink(foto.naam) + "\"";
+  foto.met_maat = "<img" + namen + bron + maat + alt + ">";
+  foto.zonder_maat = "<img" + namen + bron + alt + ">";
   foto.volgende_foto = VolgendeFotoLink(run, plaats);
   foto.anker = "<a name=\"foto" + nummer + "\"></a>";
   return foto;
@@ -148,7 +149,7 @@ std::string FotoNamenLijst(const std::vector<std::string>& namen) {
   std::string lijst;
   for (std::size_t i = 0; i < namen.size(); ++i) {
     if (i > 0) lijst += "$$";
-    lijst += namen[i];
+    lijst += BestandsLink(namen[i]);
   }
   return lijst;
 }

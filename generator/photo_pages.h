@@ -16,7 +16,7 @@
 
 namespace kiekbord {
 
-// "FOTONAMENLIJST": the photo names joined by "$$".
+// "FOTONAMENLIJST": the photo names as links (BestandsLink) joined by "$$".
 std::string FotoNamenLijst(const std::vector<std::string>& namen);
 
 // "FOTOBIJSCHRIFTENLIJST": per caption "$$" (from the second on), the

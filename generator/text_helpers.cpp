@@ -119,4 +119,20 @@ int TelTeken(std::string_view text, std::string_view character) {
   return count;
 }
 
+std::string BestandsLink(std::string_view naam) {
+  constexpr std::string_view kGecodeerd = "\"'#?%&$\\<>";
+  std::string link;
+  for (const char c : naam) {
+    const auto byte = static_cast<unsigned char>(c);
+    if (byte >= 0x20 && byte != 0x7F && kGecodeerd.find(c) == std::string_view::npos) {
+      link += c;
+      continue;
+    }
+    char escape[4];
+    std::snprintf(escape, sizeof escape, "%%%02X", byte);
+    link += escape;
+  }
+  return link;
+}
+
 }  // namespace kiekbord

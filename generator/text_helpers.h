@@ -45,4 +45,12 @@ std::int32_t HexNaarKleur(std::string_view text, std::int32_t fallback);
 // How often `character` occurs in `text`.
 int TelTeken(std::string_view text, std::string_view character);
 
+// A file name as a link target in a page ("src", "href", the slide show's
+// name list): the characters that would end the attribute or the script
+// string, or change what the link points to (quotes, "#", "?", "%", "&",
+// "$", the backslash, "<", ">" and control characters) become "%" and two
+// hex digits; all else, letters of any script included, stays as it is, so
+// an ordinary name ("strand.jpg") is unchanged.
+std::string BestandsLink(std::string_view naam);
+
 }  // namespace kiekbord

@@ -22,12 +22,12 @@ PixelVlak VlakVan(const cDIBSection& buffer) {
 
 Status LoadJPGUitBytes(cDIBSection& buffer, std::string_view jpeg) {
   buffer.ClearUp();
+  Status status = ToetsGeclaimdeMaat(jpeg);
+  if (!status.ok()) return status;
   JpegKop kop;
   if (!LeesJpegKop(jpeg, kop).ok()) return IjlFout("Failed to read JPG");
-  if (kop.Beeldpunten() > kMaxBeeldpunten) {
-    return IjlFout("Image too large: " + std::to_string(kop.breedte) + " x " +
-                   std::to_string(kop.hoogte) + " pixels");
-  }
+  status = ToetsBeeldMaat(kop.breedte, kop.hoogte);
+  if (!status.ok()) return status;
   if (!buffer.Create(kop.breedte, kop.hoogte)) return Status::Error(7, "Out of memory");
   if (!DecodeerJpeg(jpeg, VlakVan(buffer)).ok()) {
     buffer.ClearUp();

@@ -99,17 +99,14 @@ Status IJLRoteerImg(const std::string& foto_pad, std::string_view richting, bool
   if (!RoteerPixels(bron, doel, IsLinksom(richting))) return RoteerFout(Status::Error(7, "Out of memory"));
   bron.ClearUp();
 
+  // The turned photo goes to its temporary file, which is renamed over the
+  // photo in one step: whatever fails, the photo stays as it was.
+  std::string jpeg;
   const std::string tmp_pad = foto_pad + "_tmp";
-  const Status opzij = Fs().RenameFile(foto_pad, tmp_pad);
-  if (!opzij.ok()) return RoteerFout(opzij);
-  const Status opgeslagen = SaveJPG(doel, foto_pad, kIjlKwaliteit);
-  if (!opgeslagen.ok()) {
-    // Put the photo back rather than leave it only under its "_tmp" name.
-    const Status terug = Fs().RenameFile(tmp_pad, foto_pad);
-    return RoteerFout(terug.ok() ? opgeslagen : terug);
-  }
-  // The old photo is no longer needed; a "_tmp" file left behind is harmless.
-  (void)Fs().DeleteFile(tmp_pad);
+  Status status = SaveJPGNaarBytes(doel, kIjlKwaliteit, jpeg);
+  if (status.ok()) status = Fs().WriteFile(tmp_pad, jpeg);
+  if (status.ok()) status = Fs().RenameFile(tmp_pad, foto_pad);
+  if (!status.ok()) return RoteerFout(status);
   return Status::Ok();
 }
 

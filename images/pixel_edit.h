@@ -40,11 +40,10 @@ Status VoltooiIjlThumbnail(const ThumbnailWerk& werk, const std::string& thumb_p
 Status IJLMaakThumb(const std::string& foto_pad, const std::string& thumb_pad);
 
 // Rotates the photo a quarter turn in place at quality 90, after a backup
-// when `maak_backup`. The photo is renamed to path + "_tmp", the turned image
-// written to the path and the "_tmp" file deleted; when writing fails the
-// "_tmp" file is renamed back, so the photo is never lost. A failure is shown
-// as "Fout <n> tijdens roteren foto.(<description>)" and returned; nothing is
-// logged.
+// when `maak_backup`. The turned image is written to path + "_tmp", which is
+// then renamed over the photo in one step, so a failure leaves the photo as
+// it was. A failure is shown as "Fout <n> tijdens roteren foto.(<description>)"
+// and returned; nothing is logged.
 Status IJLRoteerImg(const std::string& foto_pad, std::string_view richting, bool maak_backup);
 
 }  // namespace kiekbord

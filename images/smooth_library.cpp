@@ -47,6 +47,16 @@ std::string VipsMelding() {
   return text.empty() ? "libvips error" : text;
 }
 
+// libvips keeps one error buffer for the whole process. Each piece of work
+// that may fail in libvips and then read that buffer holds this lock, so two
+// photos failing at once on two workers never get each other's message (or
+// none). Only the resample and the rare libvips-only paths take it; the
+// costly decode and encode of a thumbnail run outside it.
+std::unique_lock<std::mutex> AlleenMetVips() {
+  static std::mutex vips_fouten;
+  return std::unique_lock<std::mutex>(vips_fouten);
+}
+
 Status StartVips() {
   static std::once_flag once;
   static bool started = false;
@@ -65,11 +75,6 @@ Status StartVips() {
                       nullptr);
   });
   return started ? Status::Ok() : Fout("Failed to start libvips");
-}
-
-Status TooLarge(int breedte, int hoogte) {
-  return Fout("Image too large: " + std::to_string(breedte) + " x " + std::to_string(hoogte) +
-              " pixels");
 }
 
 // Loads a JPEG, and only a JPEG: a renamed PNG or anything else is refused
@@ -108,6 +113,7 @@ Status Encode(VipsImage* image, int kwaliteit, std::string& jpeg) {
 // Shrinks an RGB plane to exactly `maat` with a Lanczos filter.
 Status Verklein(std::vector<std::uint8_t>& rgb, int breedte, int hoogte, ThumbnailMaat maat,
                 std::vector<std::uint8_t>& uit) {
+  const auto lock = AlleenMetVips();
   const VipsBeeld bron(vips_image_new_from_memory(rgb.data(), rgb.size(), breedte, hoogte, 3,
                                                   VIPS_FORMAT_UCHAR));
   if (!bron) return Fout("Cannot scale image: " + VipsMelding());
@@ -173,6 +179,7 @@ void ThumbnailViaSchaal(std::string_view jpeg, const JpegKop& kop, ThumbnailWerk
 // thumbnail call resamples and converts the colours to sRGB.
 void ThumbnailViaVips(std::string_view jpeg, const std::string& thumb_pad, const Status& kop_fout,
                       ThumbnailWerk& werk) {
+  const auto lock = AlleenMetVips();
   VipsBeeld kop;
   if (!LaadJpeg(jpeg, 1, kop).ok()) {
     // libjpeg-turbo's reason says more than libvips' about a file that is
@@ -182,10 +189,8 @@ void ThumbnailViaVips(std::string_view jpeg, const std::string& thumb_pad, const
   }
   const int breedte = vips_image_get_width(kop.get());
   const int hoogte = vips_image_get_height(kop.get());
-  if (std::int64_t{breedte} * hoogte > kMaxBeeldpunten) {
-    werk.fout = TooLarge(breedte, hoogte);
-    return;
-  }
+  werk.fout = ToetsBeeldMaat(breedte, hoogte);
+  if (!werk.fout.ok()) return;
   werk.aanmaak_regel = "Aanmaken (GDI) thumbnail " + thumb_pad + "...";
   const ThumbnailMaat maat = BerekenThumbnailMaat(breedte, hoogte);
   VipsBeeld geladen;
@@ -205,13 +210,10 @@ void ThumbnailViaVips(std::string_view jpeg, const std::string& thumb_pad, const
 Status LaadFoto(const std::string& foto_pad, std::string& jpeg, VipsBeeld& beeld) {
   Status status = StartVips();
   if (status.ok()) status = Fs().ReadFile(foto_pad, jpeg);
+  if (status.ok()) status = ToetsGeclaimdeMaat(jpeg);
+  if (status.ok()) status = LaadJpeg(jpeg, 1, beeld);
   if (!status.ok()) return status;
-  status = LaadJpeg(jpeg, 1, beeld);
-  if (!status.ok()) return status;
-  if (std::int64_t{vips_image_get_width(beeld.get())} * vips_image_get_height(beeld.get()) > kMaxBeeldpunten) {
-    return TooLarge(vips_image_get_width(beeld.get()), vips_image_get_height(beeld.get()));
-  }
-  return Status::Ok();
+  return ToetsBeeldMaat(vips_image_get_width(beeld.get()), vips_image_get_height(beeld.get()));
 }
 
 // Writes the edited photo to its temporary file and renames that over the
@@ -233,6 +235,7 @@ using Bewerking = std::function<Status(const std::string& jpeg, VipsImage* beeld
 Status Bewerk(const std::string& foto_pad, bool maak_backup, const Bewerking& bewerking,
               int kwaliteit) {
   if (maak_backup && MaakBackup(foto_pad).empty()) return Fout("Error creating backup.");
+  const auto lock = AlleenMetVips();
   std::string jpeg;
   VipsBeeld beeld;
   Status status = LaadFoto(foto_pad, jpeg, beeld);
@@ -266,6 +269,7 @@ std::string TijdelijkPad(const std::string& foto_pad) { return Vervang(foto_pad,
 ThumbnailWerk MaakGdiThumbnail(std::string_view jpeg, const std::string& thumb_pad) {
   ThumbnailWerk werk;
   werk.fout = StartVips();
+  if (werk.fout.ok()) werk.fout = ToetsGeclaimdeMaat(jpeg);
   if (!werk.fout.ok()) return werk;
   JpegKop kop;
   const Status kop_status = LeesJpegKop(jpeg, kop);
@@ -273,10 +277,8 @@ ThumbnailWerk MaakGdiThumbnail(std::string_view jpeg, const std::string& thumb_p
     ThumbnailViaVips(jpeg, thumb_pad, kop_status, werk);
     return werk;
   }
-  if (kop.Beeldpunten() > kMaxBeeldpunten) {
-    werk.fout = TooLarge(kop.breedte, kop.hoogte);
-    return werk;
-  }
+  werk.fout = ToetsBeeldMaat(kop.breedte, kop.hoogte);
+  if (!werk.fout.ok()) return werk;
   werk.aanmaak_regel = "Aanmaken (GDI) thumbnail " + thumb_pad + "...";
   ThumbnailViaSchaal(jpeg, kop, werk);
   return werk;

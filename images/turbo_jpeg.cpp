@@ -29,9 +29,11 @@ bool IsStandalone(unsigned marker) {
   return marker == 0x01 || marker == 0xD8 || (marker >= 0xD0 && marker <= 0xD7);
 }
 
-// The frame header's marker, found by walking the segments; 0 when the
-// walk ends before one.
-unsigned FrameMarker(std::string_view jpeg) {
+unsigned Byte(std::string_view jpeg, std::size_t pos) { return static_cast<unsigned char>(jpeg[pos]); }
+
+// Where the frame header's marker stands, found by walking the segments;
+// npos when the walk ends before one.
+std::size_t FramePositie(std::string_view jpeg) {
   std::size_t pos = 2;
   while (pos + 3 < jpeg.size()) {
     if (static_cast<unsigned char>(jpeg[pos]) != 0xFF) {
@@ -44,9 +46,9 @@ unsigned FrameMarker(std::string_view jpeg) {
       continue;
     }
     if (marker >= 0xC0 && marker <= 0xCF && marker != 0xC4 && marker != 0xC8 && marker != 0xCC) {
-      return marker;
+      return pos;
     }
-    if (marker == 0xDA || marker == 0xD9) return 0;
+    if (marker == 0xDA || marker == 0xD9) return std::string_view::npos;
     if (IsStandalone(marker)) {
       pos += 2;
       continue;
@@ -55,7 +57,13 @@ unsigned FrameMarker(std::string_view jpeg) {
                         static_cast<unsigned char>(jpeg[pos + 3]);
     pos += 2 + length;
   }
-  return 0;
+  return std::string_view::npos;
+}
+
+// The frame header's marker; 0 when there is none.
+unsigned FrameMarker(std::string_view jpeg) {
+  const std::size_t pos = FramePositie(jpeg);
+  return pos == std::string_view::npos ? 0 : Byte(jpeg, pos + 1);
 }
 
 bool IsProgressiveMarker(unsigned marker) {
@@ -81,6 +89,23 @@ int PixelFormat(const PixelVlak& vlak) {
 }
 
 }  // namespace
+
+Status ToetsBeeldMaat(int breedte, int hoogte) {
+  if (std::int64_t{breedte} * hoogte <= kMaxBeeldpunten) return Status::Ok();
+  return Status::Error(fout::kProgramError, "Image too large: " + std::to_string(breedte) + " x " +
+                                                std::to_string(hoogte) + " pixels");
+}
+
+Status ToetsGeclaimdeMaat(std::string_view jpeg) {
+  // Only a JPEG (FF D8 first) has a frame header to read; after its marker
+  // come length (2 bytes), precision (1), height (2) and width (2).
+  if (jpeg.size() < 2 || Byte(jpeg, 0) != 0xFF || Byte(jpeg, 1) != 0xD8) return Status::Ok();
+  const std::size_t pos = FramePositie(jpeg);
+  if (pos == std::string_view::npos || pos + 9 > jpeg.size()) return Status::Ok();
+  const int hoogte = static_cast<int>(Byte(jpeg, pos + 5) << 8 | Byte(jpeg, pos + 6));
+  const int breedte = static_cast<int>(Byte(jpeg, pos + 7) << 8 | Byte(jpeg, pos + 8));
+  return ToetsBeeldMaat(breedte, hoogte);
+}
 
 bool JpegKop::IsCmyk() const { return kleurruimte == TJCS_CMYK || kleurruimte == TJCS_YCCK; }
 

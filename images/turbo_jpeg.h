@@ -12,10 +12,13 @@
 
 namespace kiekbord {
 
-// Larger images are refused before any pixel memory is taken: the biggest
-// camera sensors stay below it, and a damaged header that claims far more
-// cannot make a decode take gigabytes.
-inline constexpr std::int64_t kMaxBeeldpunten = 120'000'000;
+// Larger images are refused before any pixel memory is taken. The largest
+// camera sensors give some 150 million pixels (and a few pixel-shift modes
+// up to 200 million), which still pass; a whole decode of the largest image
+// allowed takes 600 MB at three bytes a pixel, and a damaged or hostile
+// header that claims more (65,535 x 65,535 would be 12 GB) is refused with a
+// clear error instead of failing somewhere deep in a decoder.
+inline constexpr std::int64_t kMaxBeeldpunten = 200'000'000;
 
 struct JpegKop {
   int breedte = 0;
@@ -32,6 +35,16 @@ struct JpegKop {
 // with libjpeg-turbo's message as description ("Not a JPEG file: starts
 // with 0x89 0x50").
 Status LeesJpegKop(std::string_view jpeg, JpegKop& kop);
+
+// Ok when a breedte x hoogte image is within kMaxBeeldpunten; otherwise
+// error 26002 "Image too large: <breedte> x <hoogte> pixels".
+Status ToetsBeeldMaat(int breedte, int hoogte);
+
+// The same for the size that the frame header of `jpeg` claims, read from
+// the header's bytes before any decoder sees them (libjpeg-turbo would
+// refuse a side above 65,500 with a message of its own). Ok too when no
+// frame header is found: the decoder then says what is wrong.
+Status ToetsGeclaimdeMaat(std::string_view jpeg);
 
 // Memory a decode of this image takes besides its output: a progressive
 // image keeps all its coefficients, two bytes each, until the last scan.

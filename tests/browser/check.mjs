@@ -28,7 +28,6 @@ import { createRequire } from 'node:module';
 import { fileURLToPath, pathToFileURL } from 'node:url';
 
 const kChromium = '/usr/bin/chromium';
-const kSkip = 77;
 const kChromiumArgs = ['--headless', '--no-sandbox', '--disable-gpu', '--disable-quic', '--no-first-run',
   '--disable-background-networking', '--disable-component-update', '--disable-sync'];
 const kDesktop = { width: 1280, height: 800 };
@@ -46,12 +45,12 @@ const kFotos = [
   { naam: 'boom.jpg', breedte: 900, hoogte: 1200, bijschrift: 'Zonsondergang 1 < 2' },
   { naam: 'haven.jpg', breedte: 1500, hoogte: 900, bijschrift: 'Tot ziens!' },
 ];
-const kFotosPerPagina = 3;
+const kAantal = kFotos.length;
 
 // Photo page template forms: plain (one photo per page), several per page, slideshow.
 const kVormen = [
   { achtervoegsel: '', perPagina: 1, presentatie: 0 },
-  { achtervoegsel: 'm', perPagina: kFotosPerPagina, presentatie: 0 },
+  { achtervoegsel: 'm', perPagina: 3, presentatie: 0 },
   { achtervoegsel: 'a', perPagina: 1, presentatie: 1 },
 ];
 
@@ -88,7 +87,7 @@ function overslaanOfFalen(reden) {
     process.exit(1);
   }
   console.log(`Overgeslagen: ${reden} (./kiekbord.sh test installeert het)`);
-  process.exit(kSkip);
+  process.exit(77);
 }
 
 async function laadPlaywright() {
@@ -114,10 +113,7 @@ async function toegankelijkheidsfouten(pagina, axe) {
 async function startBrowser(chromium, opties) {
   const profiel = fs.mkdtempSync(path.join(os.tmpdir(), 'kiekbord-chromium-'));
   const context = await chromium.launchPersistentContext(profiel, {
-    executablePath: kChromium,
-    headless: true,
-    args: kChromiumArgs,
-    ...opties,
+    executablePath: kChromium, headless: true, args: kChromiumArgs, ...opties,
   });
   return {
     context,
@@ -134,15 +130,13 @@ async function tekenFotos(context, doel) {
   await pagina.setContent('<!DOCTYPE html><title>fotos</title>');
   for (const [i, foto] of kFotos.entries()) {
     const dataUrl = await pagina.evaluate(({ b, h, nr }) => {
-      const doek = document.createElement('canvas');
-      doek.width = b;
-      doek.height = h;
+      const doek = Object.assign(document.createElement('canvas'), { width: b, height: h });
       const g = doek.getContext('2d');
       const tint = (nr * 53 + 190) % 360;
       const lucht = g.createLinearGradient(0, 0, 0, h);
-      lucht.addColorStop(0, `hsl(${tint}, 60%, 45%)`);
-      lucht.addColorStop(0.6, `hsl(${(tint + 30) % 360}, 70%, 78%)`);
-      lucht.addColorStop(1, `hsl(${(tint + 50) % 360}, 80%, 88%)`);
+      [[0, 0, 60, 45], [0.6, 30, 70, 78], [1, 50, 80, 88]].forEach(([stop, verschuiving, verzadiging, licht]) => {
+        lucht.addColorStop(stop, `hsl(${(tint + verschuiving) % 360}, ${verzadiging}%, ${licht}%)`);
+      });
       g.fillStyle = lucht;
       g.fillRect(0, 0, b, h);
       g.fillStyle = 'hsla(45, 100%, 85%, 0.9)';
@@ -154,11 +148,9 @@ async function tekenFotos(context, doel) {
         g.beginPath();
         g.moveTo(0, h);
         for (let x = 0; x <= b; x += 8) {
-          const golf = Math.sin(x / b * (3 + laag + nr) + nr * 1.7 + laag) * h * 0.05;
-          g.lineTo(x, h * (0.55 + laag * 0.11) + golf);
+          g.lineTo(x, h * (0.55 + laag * 0.11) + Math.sin(x / b * (3 + laag + nr) + nr * 1.7 + laag) * h * 0.05);
         }
         g.lineTo(b, h);
-        g.closePath();
         g.fill();
       }
       g.fillStyle = 'rgba(255, 255, 255, 0.85)';
@@ -173,27 +165,26 @@ async function tekenFotos(context, doel) {
 
 function kopieerEigenFotos(bron, doel) {
   const namen = fs.readdirSync(bron).filter((n) => /\.jpe?g$/i.test(n)).sort();
-  if (namen.length < kFotos.length) throw new Error(`${bron} bevat minder dan ${kFotos.length} foto's`);
+  if (namen.length < kAantal) throw new Error(`${bron} bevat minder dan ${kAantal} foto's`);
   kFotos.forEach((foto, i) => fs.copyFileSync(path.join(bron, namen[i]), path.join(doel, foto.naam)));
 }
 
 // The gallery script, written as the program writes it.
-function scriptTekst(uitvoer, sjabloon, variant) {
+function scriptTekst(uitvoer, v) {
   const regels = [
     '[Kiekbord]', 'Versie=4.1', 'Opmerking=Dit bestand niet handmatig aanpassen!',
     '[Algemeen]', `InvoerDir=${uitvoer}`, `UitvoerDir=${uitvoer}`,
     'Titel=Proefkiekbord & co', 'Subtitel=Elke pagina in de browser', 'Datum=21 november 2026',
     'Beschrijving=Zeven foto\'s in elke vorm die dit sjabloon kent.<br>Gemaakt door de browsercontrole.',
-    `Thumbnails=${variant.thumbnails ? 1 : 0}`, `AantalFotos=${kFotos.length}`,
+    `Thumbnails=${v.thumbnails ? 1 : 0}`, `AantalFotos=${kAantal}`,
   ];
   kFotos.forEach((foto, i) => {
     regels.push(`[Foto${String(i + 1).padStart(3, '0')}]`, `Foto=${foto.naam}`, `Bijschrift=${foto.bijschrift}`);
   });
-  regels.push('[Instellingen]', `Sjabloon=${sjabloon}`, `AantalFotosPerPagina=${variant.vorm.perPagina}`,
-    `Presentatie=${variant.vorm.presentatie}`, `PositieFotos=${variant.positie}`,
-    `PositieBijschriften=${variant.positie}`, 'FotosZonderBijschrift=0',
-    `LetterTypeTitels=${variant.lettertype}`, `LetterTypeBijschriften=${variant.lettertype}`,
-    'LetterGrootteBijschriften=2', `LetterStijlBijschriften=${variant.stijl}`,
+  regels.push('[Instellingen]', `Sjabloon=${v.sjabloon}`, `AantalFotosPerPagina=${v.vorm.perPagina}`,
+    `Presentatie=${v.vorm.presentatie}`, `PositieFotos=${v.positie}`, `PositieBijschriften=${v.positie}`,
+    'FotosZonderBijschrift=0', `LetterTypeTitels=${v.lettertype}`, `LetterTypeBijschriften=${v.lettertype}`,
+    'LetterGrootteBijschriften=2', `LetterStijlBijschriften=${v.stijl}`,
     'KleurTekstOpAchtergrond=0', 'KleurAchtergrond=16777215', 'KleurTekstInKader=0', 'KleurKader=13421772');
   return regels.join('\r\n') + '\r\n';
 }
@@ -201,25 +192,15 @@ function scriptTekst(uitvoer, sjabloon, variant) {
 function variantenVan(sjabloon) {
   const varianten = [];
   for (let positie = 0; positie < 3; positie++) {
-    kVormen.forEach((vorm, v) => {
-      const sjabloonNaam = `kbfoto${positie + 1}${vorm.achtervoegsel}`;
-      varianten.push({
-        sjabloon,
-        naam: sjabloonNaam,
-        vorm,
-        positie,
-        // Every form and every caption position is seen with and without thumbnails.
-        thumbnails: (positie + v) % 2 === 0,
-        lettertype: [0, 6, 5][positie],
-        stijl: v,
-      });
-    });
+    kVormen.forEach((vorm, v) => varianten.push({
+      sjabloon, naam: `kbfoto${positie + 1}${vorm.achtervoegsel}`, vorm, positie,
+      // Every form and every caption position is seen with and without thumbnails.
+      thumbnails: (positie + v) % 2 === 0, lettertype: [0, 6, 5][positie], stijl: v,
+    }));
   }
   // All photos on one page: no previous, next or page links.
-  varianten.push({
-    sjabloon, naam: 'kbfoto2m-alles', vorm: { achtervoegsel: 'm', perPagina: 10, presentatie: 0 },
-    positie: 1, thumbnails: true, lettertype: 0, stijl: 0,
-  });
+  varianten.push({ sjabloon, naam: 'kbfoto2m-alles', vorm: { achtervoegsel: 'm', perPagina: 10, presentatie: 0 },
+    positie: 1, thumbnails: true, lettertype: 0, stijl: 0 });
   return varianten;
 }
 
@@ -230,32 +211,21 @@ function maakKiekbord(opties, fotoMap, variant, fouten) {
   fs.mkdirSync(site, { recursive: true });
   for (const foto of kFotos) fs.copyFileSync(path.join(fotoMap, foto.naam), path.join(site, foto.naam));
   const script = path.join(map, 'proef.kbs');
-  fs.writeFileSync(script, scriptTekst(site + path.sep, variant.sjabloon, variant));
+  fs.writeFileSync(script, scriptTekst(site + path.sep, variant));
   const run = spawnSync(opties.maak, [script], { encoding: 'utf8' });
   const waar = `${variant.sjabloon}/${variant.naam}`;
-  const log = fs.existsSync(path.join(map, 'proef.log')) ? fs.readFileSync(path.join(map, 'proef.log'), 'utf8') : '';
-  const regels = log.split('\r\n').filter(Boolean);
-  if (!fouten.controleer(run.status === 0 && regels.at(-1) === 'Normaal einde.', waar,
+  const log = path.join(map, 'proef.log');
+  const laatste = (fs.existsSync(log) ? fs.readFileSync(log, 'utf8') : '').split('\r\n').filter(Boolean).at(-1);
+  if (!fouten.controleer(run.status === 0 && laatste === 'Normaal einde.', waar,
     `kiekbord-maak eindigde met ${run.status}${run.error ? ` (${run.error.message})` : ''}; `
-    + `laatste logregel "${regels.at(-1) ?? ''}"${run.stderr ? `; ${run.stderr.trim()}` : ''}`)) {
+    + `laatste logregel "${laatste ?? ''}"${run.stderr ? `; ${run.stderr.trim()}` : ''}`)) {
     return null;
   }
   const paginas = fs.readdirSync(site).filter((n) => n.endsWith('.html')).sort();
-  return { ...variant, site, paginas, waar };
+  return { ...variant, site, paginas, waar, fotoPaginas: Math.ceil(kAantal / variant.vorm.perPagina) };
 }
 
-function verwachtePaginas(variant) {
-  const foto = variant.vorm.presentatie === 1 ? 1 : Math.ceil(kFotos.length / variant.vorm.perPagina);
-  const namen = ['index.html'];
-  if (variant.thumbnails) namen.push('kbovz.html');
-  for (let p = 1; p <= foto; p++) namen.push(`kb${String(p).padStart(3, '0')}.html`);
-  return namen.sort();
-}
-
-function bevatAnker(html, anker) {
-  const naam = anker.replace(/[.*+?^${}()|[\]\\]/g, '\\$&');
-  return new RegExp(`\\s(id|name)\\s*=\\s*["']?${naam}["'\\s>]`, 'i').test(html);
-}
+const paginaNaam = (nummer) => `kb${String(nummer).padStart(3, '0')}.html`;
 
 // A link inside the site is good when its file exists and, with a "#", the
 // target page holds that anchor, or is a slideshow that shows that photo.
@@ -267,15 +237,18 @@ function controleerDoel(site, vanPagina, adres, fouten, waar) {
   if (!fouten.controleer(fs.existsSync(pad), waar, `"${adres}" verwijst naar een ontbrekend bestand`)) return;
   if (anker && doel.endsWith('.html')) {
     const html = fs.readFileSync(pad, 'utf8');
+    const naam = anker.replace(/[.*+?^${}()|[\]\\]/g, '\\$&');
     const diaFoto = /id="kbDia"/.test(html) && /^foto(\d{3})$/.exec(anker);
-    fouten.controleer(bevatAnker(html, anker) || (diaFoto && Number(diaFoto[1]) <= kFotos.length), waar,
-      `"${adres}": anker #${anker} ontbreekt in ${doel}`);
+    fouten.controleer(new RegExp(`\\s(id|name)\\s*=\\s*["']?${naam}["'\\s>]`, 'i').test(html)
+      || (diaFoto && Number(diaFoto[1]) <= kAantal), waar, `"${adres}": anker #${anker} ontbreekt in ${doel}`);
   }
 }
 
 // Without a browser: every page is there and every address in it resolves.
 function controleerBestanden(k, fouten) {
-  const verwacht = verwachtePaginas(k);
+  const verwacht = ['index.html', ...(k.thumbnails ? ['kbovz.html'] : [])];
+  for (let p = 1; p <= (k.vorm.presentatie === 1 ? 1 : k.fotoPaginas); p++) verwacht.push(paginaNaam(p));
+  verwacht.sort();
   fouten.controleer(JSON.stringify(k.paginas) === JSON.stringify(verwacht), k.waar,
     `pagina's ${k.paginas.join(' ')}, verwacht ${verwacht.join(' ')}`);
   for (const pagina of k.paginas) {
@@ -286,8 +259,10 @@ function controleerBestanden(k, fouten) {
   }
 }
 
-// Opens a page and collects what went wrong while it loaded and ran.
-async function openPagina(context, url, voorbereiding) {
+// Opens page `naam` of gallery k, runs `stap` on it and reports what went
+// wrong meanwhile: a failed step, console errors, script errors and failed
+// requests. `voorbereiding` runs before the page loads.
+async function opPagina(context, k, naam, fouten, waar, stap, voorbereiding) {
   const pagina = await context.newPage();
   pagina.setDefaultTimeout(10000);
   const problemen = [];
@@ -296,9 +271,15 @@ async function openPagina(context, url, voorbereiding) {
   pagina.on('pageerror', (e) => problemen.push(`scriptfout: ${e.message}`));
   pagina.on('requestfailed', (r) => problemen.push(`mislukt verzoek: ${r.url()} (${r.failure()?.errorText})`));
   pagina.on('request', (r) => verzoeken.push(r.url()));
-  if (voorbereiding) await voorbereiding(pagina);
-  await pagina.goto(url, { waitUntil: 'load' });
-  return { pagina, problemen, verzoeken };
+  try {
+    if (voorbereiding) await voorbereiding(pagina);
+    await pagina.goto(pathToFileURL(path.join(k.site, naam)).href, { waitUntil: 'load' });
+    await stap(pagina, verzoeken);
+  } catch (e) {
+    fouten.meld(waar, e.message.split('\n')[0]);
+  }
+  await pagina.close();
+  fouten.controleer(problemen.length === 0, waar, problemen.join('; '));
 }
 
 async function kapotteAfbeeldingen(pagina) {
@@ -315,35 +296,59 @@ async function kapotteAfbeeldingen(pagina) {
   });
 }
 
-async function controleerPagina(context, k, naam, fouten, schermafdruk, axe) {
-  const waar = `${k.waar}/${naam}`;
-  const url = pathToFileURL(path.join(k.site, naam)).href;
-  const { pagina, problemen } = await openPagina(context, url);
-  const kapot = await kapotteAfbeeldingen(pagina);
-  await zonderZijwaartsScrollen(pagina, fouten, `${waar} (desktop)`);
-  if (schermafdruk) {
-    await pagina.screenshot({ path: schermafdruk, fullPage: true, animations: 'disabled' });
-    const ontoegankelijk = await toegankelijkheidsfouten(pagina, axe);
-    fouten.controleer(ontoegankelijk.length === 0, waar, `toegankelijkheid: ${ontoegankelijk.join('; ')}`);
-  }
-  fouten.controleer(kapot.length === 0, waar, `kapotte afbeeldingen: ${kapot.join(', ')}`);
-  const adressen = await pagina.evaluate(() => [
-    ...Array.from(document.querySelectorAll('a[href]'), (a) => a.getAttribute('href')),
-    ...Array.from(document.querySelectorAll('select[onchange] option'), (o) => o.value)
-      .filter((v) => /\.html$/.test(v)),
-  ]);
-  for (const adres of adressen) controleerDoel(k.site, naam, adres, fouten, waar);
-  const taal = await pagina.evaluate(() => ({
-    lang: document.documentElement.lang,
-    charset: document.characterSet,
-    titel: document.title,
-    zonderAlt: Array.from(document.images).filter((b) => !b.hasAttribute('alt')).length,
+// Compared with the viewport set, since a phone widens its layout to fit what
+// sticks out. A page opened without an anchor starts at the top, where its
+// navigation is (scroll snapping must not carry it away).
+async function zonderZijwaartsScrollen(pagina, fouten, waar) {
+  const venster = pagina.viewportSize().width;
+  const { breed, boven } = await pagina.evaluate(() => ({
+    breed: document.documentElement.scrollWidth, boven: window.scrollY,
   }));
-  fouten.controleer(taal.lang === 'nl' && taal.charset === 'UTF-8' && taal.titel.includes('Proefkiekbord & co'),
-    waar, `taal "${taal.lang}", tekenset ${taal.charset}, titel "${taal.titel}"`);
-  fouten.controleer(taal.zonderAlt === 0, waar, `${taal.zonderAlt} afbeelding(en) zonder alt-tekst`);
-  await pagina.close();
-  fouten.controleer(problemen.length === 0, waar, problemen.join('; '));
+  fouten.controleer(breed <= venster, waar, `pagina is ${breed}px breed in een venster van ${venster}px`);
+  fouten.controleer(boven === 0, waar, `pagina begint ${boven}px naar beneden gescrold`);
+}
+
+// The path of a screenshot the first time `soort` of this template set is
+// seen at this width; null after that.
+function afdruk(k, soort, scherm) {
+  const bestand = soort && `${k.sjabloon}-${soort}-${scherm.breedte}.png`;
+  if (!bestand || scherm.gezien.has(bestand)) return null;
+  scherm.gezien.add(bestand);
+  return path.join(scherm.map, bestand);
+}
+
+// One page as it loads: images, width and scrolling, a screenshot of the
+// first page of each kind of each template set, and on a desktop also its
+// accessibility (on screenshot pages), links, language, title and alt texts.
+async function controleerPagina(context, k, naam, fouten, scherm) {
+  const soort = { 'index.html': 'titel', 'kbovz.html': 'overzicht', 'kb001.html': k.naam }[naam];
+  const desktop = scherm.breedte === 'desktop';
+  const waar = `${k.waar}/${naam}${desktop ? '' : ' (telefoon)'}`;
+  await opPagina(context, k, naam, fouten, waar, async (pagina) => {
+    const kapot = await kapotteAfbeeldingen(pagina);
+    await zonderZijwaartsScrollen(pagina, fouten, desktop ? `${waar} (desktop)` : waar);
+    const schermafdruk = afdruk(k, soort, scherm);
+    if (schermafdruk) await pagina.screenshot({ path: schermafdruk, fullPage: true, animations: 'disabled' });
+    if (!desktop) return;
+    if (schermafdruk) {
+      const ontoegankelijk = await toegankelijkheidsfouten(pagina, scherm.axe);
+      fouten.controleer(ontoegankelijk.length === 0, waar, `toegankelijkheid: ${ontoegankelijk.join('; ')}`);
+    }
+    fouten.controleer(kapot.length === 0, waar, `kapotte afbeeldingen: ${kapot.join(', ')}`);
+    const { adressen, lang, charset, titel, zonderAlt } = await pagina.evaluate(() => ({
+      adressen: [...Array.from(document.querySelectorAll('a[href]'), (a) => a.getAttribute('href')),
+        ...Array.from(document.querySelectorAll('select[onchange] option'), (o) => o.value)
+          .filter((v) => /\.html$/.test(v))],
+      lang: document.documentElement.lang,
+      charset: document.characterSet,
+      titel: document.title,
+      zonderAlt: Array.from(document.images).filter((b) => !b.hasAttribute('alt')).length,
+    }));
+    for (const adres of adressen) controleerDoel(k.site, naam, adres, fouten, waar);
+    fouten.controleer(lang === 'nl' && charset === 'UTF-8' && titel.includes('Proefkiekbord & co'),
+      waar, `taal "${lang}", tekenset ${charset}, titel "${titel}"`);
+    fouten.controleer(zonderAlt === 0, waar, `${zonderAlt} afbeelding(en) zonder alt-tekst`);
+  });
 }
 
 async function wachtOpUrl(pagina, verwacht) {
@@ -352,40 +357,33 @@ async function wachtOpUrl(pagina, verwacht) {
 
 // Navigation by link, page select and arrow key.
 async function controleerNavigatie(context, k, fouten) {
-  const url = (naam) => pathToFileURL(path.join(k.site, naam)).href;
-  const proef = async (waar, naam, stap) => {
-    const { pagina, problemen } = await openPagina(context, url(naam));
+  const proef = (wat, naam, stap) => opPagina(context, k, naam, fouten, `${k.waar}/${naam}`, async (p) => {
     try {
-      await stap(pagina);
+      await stap(p);
     } catch (e) {
-      fouten.meld(`${k.waar}/${naam}`, `${waar}: ${e.message.split('\n')[0]}`);
+      throw new Error(`${wat}: ${e.message}`);
     }
-    await pagina.close();
-    fouten.controleer(problemen.length === 0, `${k.waar}/${naam}`, `${waar}: ${problemen.join('; ')}`);
+  });
+  const klikNaar = async (p, doel) => {
+    await p.locator(`a[href="${doel}"]`).first().click();
+    await wachtOpUrl(p, doel);
   };
 
-  await proef('link naar de eerste fotopagina', 'index.html', async (p) => {
-    await p.locator('a[href="kb001.html"]').first().click();
-    await wachtOpUrl(p, 'kb001.html');
-  });
+  await proef('link naar de eerste fotopagina', 'index.html', (p) => klikNaar(p, 'kb001.html'));
   if (k.thumbnails) {
-    await proef('link naar het overzicht', 'index.html', async (p) => {
-      await p.locator('a[href="kbovz.html"]').first().click();
-      await wachtOpUrl(p, 'kbovz.html');
-    });
+    await proef('link naar het overzicht', 'index.html', (p) => klikNaar(p, 'kbovz.html'));
     await proef('thumbnail naar foto 5', 'kbovz.html', async (p) => {
       const link = p.locator('a[href$="#foto005"]').first();
       const doel = (await link.getAttribute('href')).split('#')[0];
       await link.click();
       await wachtOpUrl(p, doel);
       if (k.vorm.presentatie === 1) {
-        await p.locator('#kbTeller').filter({ hasText: 'Foto 5 van 7' }).waitFor({ timeout: 5000 });
+        await p.locator('#kbTeller').filter({ hasText: `Foto 5 van ${kAantal}` }).waitFor({ timeout: 5000 });
       }
     });
   }
-  const paginas = Math.ceil(kFotos.length / k.vorm.perPagina);
-  if (k.vorm.presentatie === 1 || paginas === 1) return;
-  const laatste = `kb${String(paginas).padStart(3, '0')}.html`;
+  if (k.vorm.presentatie === 1 || k.fotoPaginas === 1) return;
+  const laatste = paginaNaam(k.fotoPaginas);
   // A template offers the pages as a select, as a list of links, or both.
   let keuzes = 0;
   await proef('paginakeuze', 'kb001.html', async (p) => {
@@ -396,11 +394,9 @@ async function controleerNavigatie(context, k, fouten) {
     await wachtOpUrl(p, laatste);
   });
   await proef('paginalijst', 'kb001.html', async (p) => {
-    const link = p.locator(`a[href="${laatste}"]`);
-    if (await link.count() === 0) return;
+    if (await p.locator(`a[href="${laatste}"]`).count() === 0) return;
     keuzes++;
-    await link.first().click();
-    await wachtOpUrl(p, laatste);
+    await klikNaar(p, laatste);
   });
   fouten.controleer(keuzes > 0, `${k.waar}/kb001.html`, `geen paginakeuze en geen link naar ${laatste}`);
   await proef('pijl rechts en links', 'kb001.html', async (p) => {
@@ -410,10 +406,8 @@ async function controleerNavigatie(context, k, fouten) {
     await wachtOpUrl(p, 'kb001.html');
   });
   await proef('link volgende pagina', 'kb001.html', async (p) => {
-    await p.locator('a[href="kb002.html"]').first().click();
-    await wachtOpUrl(p, 'kb002.html');
-    await p.locator('a[href="kb001.html"]').first().click();
-    await wachtOpUrl(p, 'kb001.html');
+    await klikNaar(p, 'kb002.html');
+    await klikNaar(p, 'kb001.html');
   });
 }
 
@@ -439,74 +433,71 @@ async function diaStand(pagina, delen = kDia) {
   }, delen);
 }
 
+// Photo `nummer` is shown: its file, caption, counter, alt text and select
+// value, without broken images.
 async function verwachtFoto(pagina, nummer, fouten, waar, delen = kDia) {
-  try {
-    await pagina.waitForFunction(({ n, keuze }) => document.querySelector(keuze)?.textContent.trim() === `Foto ${n} van 7`,
-      { n: nummer, keuze: delen.teller }, { timeout: 5000 });
-  } catch {
-    // The comparison below says what is shown instead.
-  }
+  const teller = `Foto ${nummer} van ${kAantal}`;
+  await pagina.waitForFunction(({ t, keuze }) => document.querySelector(keuze)?.textContent.trim() === t,
+    { t: teller, keuze: delen.teller }, { timeout: 5000 }).catch(() => {});  // the comparison below says what is shown
   const stand = await diaStand(pagina, delen);
   const foto = kFotos[nummer - 1];
-  fouten.controleer(stand.src === foto.naam && stand.bijschrift === foto.bijschrift
-    && stand.teller === `Foto ${nummer} van ${kFotos.length}` && stand.alt === `foto ${nummer} van ${kFotos.length}`
-    && (stand.keuze === null || stand.keuze === String(nummer)),
+  fouten.controleer(stand.src === foto.naam && stand.bijschrift === foto.bijschrift && stand.teller === teller
+    && stand.alt === `foto ${nummer} van ${kAantal}` && (stand.keuze === null || stand.keuze === String(nummer)),
   waar, `foto ${nummer} verwacht (${foto.naam}, "${foto.bijschrift}"), getoond: ${JSON.stringify(stand)}`);
   const kapot = await kapotteAfbeeldingen(pagina);
   fouten.controleer(kapot.length === 0, waar, `kapotte afbeeldingen bij foto ${nummer}: ${kapot.join(', ')}`);
 }
 
+// The slideshow by button, arrow key, photo select and automatic advance.
 async function controleerDia(context, k, fouten) {
   const waar = `${k.waar}/kb001.html (diavoorstelling)`;
-  const url = pathToFileURL(path.join(k.site, 'kb001.html')).href;
-  const { pagina, problemen, verzoeken } = await openPagina(context, url, (p) => p.clock.install());
-  try {
+  await opPagina(context, k, 'kb001.html', fouten, waar, async (pagina, verzoeken) => {
     await verwachtFoto(pagina, 1, fouten, waar);
     fouten.controleer(verzoeken.some((u) => u.endsWith(`/${kFotos[1].naam}`)), waar, 'foto 2 is niet vooraf geladen');
-    await pagina.locator('#kbVolgende').click();
-    await verwachtFoto(pagina, 2, fouten, `${waar}, knop Volgende`);
-    await pagina.locator('body').press('ArrowRight');
-    await verwachtFoto(pagina, 3, fouten, `${waar}, pijl rechts`);
-    await pagina.locator('body').press('ArrowLeft');
-    await verwachtFoto(pagina, 2, fouten, `${waar}, pijl links`);
-    await pagina.locator('#kbVorige').click();
-    await pagina.locator('#kbVorige').click();
-    await verwachtFoto(pagina, 7, fouten, `${waar}, knop Vorige rondom`);
-    await pagina.locator('select[onchange*="fnToonFoto"]').selectOption('5');
-    await verwachtFoto(pagina, 5, fouten, `${waar}, fotokeuze`);
+    const stappen = [
+      ['knop Volgende', () => pagina.locator('#kbVolgende').click(), 2],
+      ['pijl rechts', () => pagina.locator('body').press('ArrowRight'), 3],
+      ['pijl links', () => pagina.locator('body').press('ArrowLeft'), 2],
+      ['knop Vorige rondom', async () => {
+        await pagina.locator('#kbVorige').click();
+        await pagina.locator('#kbVorige').click();
+      }, 7],
+      ['fotokeuze', () => pagina.locator('select[onchange*="fnToonFoto"]').selectOption('5'), 5],
+    ];
+    for (const [wat, doe, nummer] of stappen) {
+      await doe();
+      await verwachtFoto(pagina, nummer, fouten, `${waar}, ${wat}`);
+    }
     await pagina.locator('#kbAfspelen').click();
     fouten.controleer((await diaStand(pagina)).afspelen === 'Pauzeren', waar, 'knop Afspelen wordt geen Pauzeren');
     await pagina.clock.runFor(8000);
-    const na = await diaStand(pagina);
-    fouten.controleer(na.teller === 'Foto 6 van 7' || na.teller === 'Foto 7 van 7', waar,
-      `automatisch verder: ${na.teller}`);
+    const { teller } = await diaStand(pagina);
+    fouten.controleer(['Foto 6 van 7', 'Foto 7 van 7'].includes(teller), waar, `automatisch verder: ${teller}`);
     await pagina.locator('#kbAfspelen').click();
     const gepauzeerd = (await diaStand(pagina)).teller;
     await pagina.clock.runFor(20000);
     fouten.controleer((await diaStand(pagina)).teller === gepauzeerd, waar, 'pauzeren houdt de voorstelling niet stil');
-  } catch (e) {
-    fouten.meld(waar, e.message.split('\n')[0]);
-  }
-  await pagina.close();
-  fouten.controleer(problemen.length === 0, waar, problemen.join('; '));
+  }, (p) => p.clock.install());
 }
 
 // A page with several photos opens the lightbox on a photo or the slideshow button.
 async function controleerLichtbak(context, k, fouten, schermafdruk) {
   const waar = `${k.waar}/kb002.html (lichtbak)`;
-  const { pagina, problemen } = await openPagina(context, pathToFileURL(path.join(k.site, 'kb002.html')).href);
-  try {
+  await opPagina(context, k, 'kb002.html', fouten, waar, async (pagina) => {
     const lichtbak = pagina.locator('dialog.kb-lichtbak');
     await pagina.locator('#img005').click();
     await lichtbak.waitFor({ state: 'visible', timeout: 5000 });
     await verwachtFoto(pagina, 5, fouten, `${waar}, klik op foto 5`, kLichtbak);
     if (schermafdruk) await pagina.screenshot({ path: schermafdruk, animations: 'disabled' });
-    await pagina.keyboard.press('ArrowRight');
-    await verwachtFoto(pagina, 6, fouten, `${waar}, pijl rechts`, kLichtbak);
-    await lichtbak.getByRole('button', { name: /Volgende/ }).click();
-    await verwachtFoto(pagina, 7, fouten, `${waar}, knop Volgende`, kLichtbak);
-    await lichtbak.getByRole('button', { name: /Vorige/ }).click();
-    await verwachtFoto(pagina, 6, fouten, `${waar}, knop Vorige`, kLichtbak);
+    const stappen = [
+      ['pijl rechts', () => pagina.keyboard.press('ArrowRight'), 6],
+      ['knop Volgende', () => lichtbak.getByRole('button', { name: /Volgende/ }).click(), 7],
+      ['knop Vorige', () => lichtbak.getByRole('button', { name: /Vorige/ }).click(), 6],
+    ];
+    for (const [wat, doe, nummer] of stappen) {
+      await doe();
+      await verwachtFoto(pagina, nummer, fouten, `${waar}, ${wat}`, kLichtbak);
+    }
     await pagina.keyboard.press('Escape');
     await lichtbak.waitFor({ state: 'hidden', timeout: 5000 });
     fouten.controleer(pagina.url().endsWith('/kb002.html'), waar, `de pagina is verlaten: ${pagina.url()}`);
@@ -514,94 +505,33 @@ async function controleerLichtbak(context, k, fouten, schermafdruk) {
     await verwachtFoto(pagina, 4, fouten, `${waar}, knop Diavoorstelling`, kLichtbak);
     await lichtbak.getByRole('button', { name: 'Sluiten' }).click();
     await lichtbak.waitFor({ state: 'hidden', timeout: 5000 });
-  } catch (e) {
-    fouten.meld(waar, e.message.split('\n')[0]);
-  }
-  await pagina.close();
-  fouten.controleer(problemen.length === 0, waar, problemen.join('; '));
+  });
 }
 
 // On a phone: swipe through the slideshow.
 async function controleerVegen(context, k, fouten) {
   const waar = `${k.waar}/kb001.html (vegen)`;
-  const { pagina, problemen } = await openPagina(context, pathToFileURL(path.join(k.site, 'kb001.html')).href);
-  try {
+  await opPagina(context, k, 'kb001.html', fouten, waar, async (pagina) => {
     const vak = await pagina.locator('#kbDia img').boundingBox();
     const y = vak.y + Math.min(vak.height, 200) / 2;
     const cdp = await context.newCDPSession(pagina);
     const veeg = async (van, naar) => {
-      await cdp.send('Input.dispatchTouchEvent', { type: 'touchStart', touchPoints: [{ x: van, y }] });
-      await cdp.send('Input.dispatchTouchEvent', { type: 'touchMove', touchPoints: [{ x: (van + naar) / 2, y }] });
-      await cdp.send('Input.dispatchTouchEvent', { type: 'touchMove', touchPoints: [{ x: naar, y }] });
+      for (const [type, x] of [['touchStart', van], ['touchMove', (van + naar) / 2], ['touchMove', naar]]) {
+        await cdp.send('Input.dispatchTouchEvent', { type, touchPoints: [{ x, y }] });
+      }
       await cdp.send('Input.dispatchTouchEvent', { type: 'touchEnd', touchPoints: [] });
     };
     await veeg(300, 80);
     await verwachtFoto(pagina, 2, fouten, `${waar}, naar links`);
     await veeg(80, 300);
     await verwachtFoto(pagina, 1, fouten, `${waar}, naar rechts`);
-  } catch (e) {
-    fouten.meld(waar, e.message.split('\n')[0]);
-  }
-  await pagina.close();
-  fouten.controleer(problemen.length === 0, waar, problemen.join('; '));
-}
-
-function soortVan(k, naam) {
-  if (naam === 'index.html') return 'titel';
-  if (naam === 'kbovz.html') return 'overzicht';
-  return naam === 'kb001.html' ? k.naam : null;
-}
-
-// Compared with the viewport set, since a phone widens its layout to fit what
-// sticks out. A page opened without an anchor starts at the top, where its
-// navigation is (scroll snapping must not carry it away).
-async function zonderZijwaartsScrollen(pagina, fouten, waar) {
-  const venster = pagina.viewportSize().width;
-  const { breed, boven } = await pagina.evaluate(() => ({
-    breed: document.documentElement.scrollWidth, boven: window.scrollY,
-  }));
-  fouten.controleer(breed <= venster, waar, `pagina is ${breed}px breed in een venster van ${venster}px`);
-  fouten.controleer(boven === 0, waar, `pagina begint ${boven}px naar beneden gescrold`);
-}
-
-// The first page of each kind of each template set is saved as a screenshot.
-function schermafdrukVoor(k, naam, map, breedte, gezien) {
-  let soort = null;
-  if (naam === 'index.html') soort = 'titel';
-  else if (naam === 'kbovz.html') soort = 'overzicht';
-  else if (naam === 'kb001.html') soort = k.naam;
-  const bestand = soort && `${k.sjabloon}-${soort}-${breedte}.png`;
-  if (!bestand || gezien.has(bestand)) return null;
-  gezien.add(bestand);
-  return path.join(map, bestand);
-}
-
-// The lightbox of the first gallery of a set with several photos per page.
-function lichtbakAfdruk(k, map, breedte, gezien) {
-  if (k.vorm.achtervoegsel !== 'm') return null;
-  const bestand = `${k.sjabloon}-lichtbak-${breedte}.png`;
-  if (gezien.has(bestand)) return null;
-  gezien.add(bestand);
-  return path.join(map, bestand);
-}
-
-// A phone shows every page without sideways scrolling.
-async function controleerOpTelefoon(context, k, map, fouten, gezien) {
-  for (const naam of k.paginas) {
-    const { pagina, problemen } = await openPagina(context, pathToFileURL(path.join(k.site, naam)).href);
-    await kapotteAfbeeldingen(pagina);
-    const waar = `${k.waar}/${naam} (telefoon)`;
-    await zonderZijwaartsScrollen(pagina, fouten, waar);
-    const schermafdruk = schermafdrukVoor(k, naam, map, 'telefoon', gezien);
-    if (schermafdruk) await pagina.screenshot({ path: schermafdruk, fullPage: true, animations: 'disabled' });
-    await pagina.close();
-    fouten.controleer(problemen.length === 0, waar, problemen.join('; '));
-  }
+  });
 }
 
 async function main() {
   const opties = leesOpties(process.argv.slice(2));
   const begin = Date.now();
+  const tijd = () => `${((Date.now() - begin) / 1000).toFixed(1)} s`;
   const fouten = new Fouten();
   const sjabloonMap = path.join(path.dirname(path.resolve(opties.maak)), 'Sjabloon');
   const sjablonen = opties.sjablonen ?? fs.readdirSync(sjabloonMap)
@@ -609,76 +539,65 @@ async function main() {
   if (sjablonen.length === 0) throw new Error(`geen sjablonen in ${sjabloonMap}`);
 
   const { chromium, axe } = await laadPlaywright();
-  fs.mkdirSync(opties.uit, { recursive: true });
   const fotoMap = path.join(opties.uit, 'fotos');
   fs.rmSync(fotoMap, { recursive: true, force: true });
-  fs.mkdirSync(fotoMap);
+  fs.mkdirSync(fotoMap, { recursive: true });
   const desktop = await startBrowser(chromium, { viewport: kDesktop });
   try {
     if (opties.fotos) kopieerEigenFotos(opties.fotos, fotoMap);
     else await tekenFotos(desktop.context, fotoMap);
 
-    const kiekborden = [];
-    for (const sjabloon of sjablonen) {
-      for (const variant of variantenVan(sjabloon)) {
-        const k = maakKiekbord(opties, fotoMap, variant, fouten);
-        if (k) {
-          controleerBestanden(k, fouten);
-          kiekborden.push(k);
-        }
-      }
-    }
-    console.log(`${kiekborden.length} kiekborden gemaakt met ${sjablonen.join(', ')} `
-      + `(${((Date.now() - begin) / 1000).toFixed(1)} s)`);
-    if (opties.alleenMaken) return afsluiten(fouten, begin);
+    const kiekborden = sjablonen.flatMap((sjabloon) => variantenVan(sjabloon)
+      .map((variant) => maakKiekbord(opties, fotoMap, variant, fouten)).filter(Boolean));
+    for (const k of kiekborden) controleerBestanden(k, fouten);
+    console.log(`${kiekborden.length} kiekborden gemaakt met ${sjablonen.join(', ')} (${tijd()})`);
+    if (opties.alleenMaken) return afsluiten(fouten, tijd());
 
-    const schermafdrukken = path.join(opties.uit, 'schermafdrukken');
-    fs.rmSync(schermafdrukken, { recursive: true, force: true });
-    fs.mkdirSync(schermafdrukken);
+    const map = path.join(opties.uit, 'schermafdrukken');
+    fs.rmSync(map, { recursive: true, force: true });
+    fs.mkdirSync(map);
     const gezien = new Set();
+    const scherm = { breedte: 'desktop', map, gezien, axe };
+    // The lightbox of the first gallery of a set with several photos per page.
+    const lichtbak = (k) => k.vorm.achtervoegsel === 'm' && k.paginas.includes('kb002.html');
     let paginas = 0;
     for (const k of kiekborden) {
-      for (const naam of k.paginas) {
-        await controleerPagina(desktop.context, k, naam, fouten,
-          schermafdrukVoor(k, naam, schermafdrukken, 'desktop', gezien), axe);
-      }
+      for (const naam of k.paginas) await controleerPagina(desktop.context, k, naam, fouten, scherm);
       paginas += k.paginas.length;
       await controleerNavigatie(desktop.context, k, fouten);
       if (k.vorm.presentatie === 1) await controleerDia(desktop.context, k, fouten);
-      if (k.vorm.achtervoegsel === 'm' && k.paginas.includes('kb002.html')) {
-        await controleerLichtbak(desktop.context, k, fouten, lichtbakAfdruk(k, schermafdrukken, 'desktop', gezien));
-      }
+      if (lichtbak(k)) await controleerLichtbak(desktop.context, k, fouten, afdruk(k, 'lichtbak', scherm));
     }
-    console.log(`${paginas} pagina's geopend op ${kDesktop.width}px (${((Date.now() - begin) / 1000).toFixed(1)} s)`);
+    console.log(`${paginas} pagina's geopend op ${kDesktop.width}px (${tijd()})`);
     await desktop.sluit();
 
     const telefoon = await startBrowser(chromium, {
       viewport: kTelefoon, deviceScaleFactor: 1, isMobile: true, hasTouch: true,
     });
     try {
+      scherm.breedte = 'telefoon';
       for (const k of kiekborden) {
-        await controleerOpTelefoon(telefoon.context, k, schermafdrukken, fouten, gezien);
+        for (const naam of k.paginas) await controleerPagina(telefoon.context, k, naam, fouten, scherm);
         if (k.vorm.presentatie === 1) await controleerVegen(telefoon.context, k, fouten);
-        const lichtbak = k.paginas.includes('kb002.html') && lichtbakAfdruk(k, schermafdrukken, 'telefoon', gezien);
-        if (lichtbak) await controleerLichtbak(telefoon.context, k, fouten, lichtbak);
+        const lichtbakAfdruk = lichtbak(k) && afdruk(k, 'lichtbak', scherm);
+        if (lichtbakAfdruk) await controleerLichtbak(telefoon.context, k, fouten, lichtbakAfdruk);
       }
     } finally {
       await telefoon.sluit();
     }
-    console.log(`${gezien.size} schermafdrukken in ${schermafdrukken}`);
+    console.log(`${gezien.size} schermafdrukken in ${map}`);
   } finally {
     await desktop.sluit().catch(() => {});
   }
-  return afsluiten(fouten, begin);
+  return afsluiten(fouten, tijd());
 }
 
-function afsluiten(fouten, begin) {
-  const tijd = ((Date.now() - begin) / 1000).toFixed(1);
+function afsluiten(fouten, tijd) {
   if (fouten.lijst.length > 0) {
-    console.log(`${fouten.lijst.length} fout(en) gevonden (${tijd} s)`);
+    console.log(`${fouten.lijst.length} fout(en) gevonden (${tijd})`);
     process.exitCode = 1;
   } else {
-    console.log(`Alles in orde (${tijd} s)`);
+    console.log(`Alles in orde (${tijd})`);
   }
 }
 

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
+
 #include "tests/support/test_support.h"
 
 namespace kiekbord {
@@ -10,30 +12,27 @@ namespace {
 using test::TempDir;
 using test::WriteBytes;
 
-TEST(OptionsRules, FreshUserOpensWithEveryOptionOn) {
-  const OptiesScherm s = OptiesBijOpenen(UserPreferences{}, true, "/usr/bin/chromium");
-  EXPECT_TRUE(s.ie_dynamisch);
-  EXPECT_TRUE(s.controlevraag);
-  EXPECT_TRUE(s.backup_bij_roteren);
-  EXPECT_TRUE(s.opslaan_laatste);
-  EXPECT_EQ(s.fotoprogramma, "");
-  EXPECT_TRUE(s.fotoprogramma_aan);
-  // Shown, but it can't be changed: no browser conversation here.
-  EXPECT_FALSE(s.ie_dynamisch_aan);
+std::array<bool, 4> Vakjes(const OptiesScherm& s) {
+  return {s.ie_dynamisch, s.controlevraag, s.backup_bij_roteren, s.opslaan_laatste};
 }
 
 TEST(OptionsRules, CheckBoxesAreOnOnlyForOne) {
+  // A fresh user: every option on, no program; the browser option is shown
+  // but can't be changed, since there is no browser conversation here.
+  OptiesScherm s = OptiesBijOpenen(UserPreferences{}, true, "/usr/bin/chromium");
+  EXPECT_EQ(Vakjes(s), (std::array{true, true, true, true}));
+  EXPECT_EQ(s.fotoprogramma, "");
+  EXPECT_TRUE(s.fotoprogramma_aan);
+  EXPECT_FALSE(s.ie_dynamisch_aan);
+
   UserPreferences v;
   v.lopende_browser = 0;
   v.vraag_bij_afsluiten = 2;
   v.backup_bij_bewerken = 0;
   v.nieuw_in_laatste_dir = 0;
   v.foto_programma = "/usr/bin/gimp";
-  const OptiesScherm s = OptiesBijOpenen(v, true, "");
-  EXPECT_FALSE(s.ie_dynamisch);
-  EXPECT_FALSE(s.controlevraag);
-  EXPECT_FALSE(s.backup_bij_roteren);
-  EXPECT_FALSE(s.opslaan_laatste);
+  s = OptiesBijOpenen(v, true, "");
+  EXPECT_EQ(Vakjes(s), (std::array{false, false, false, false}));
   EXPECT_EQ(s.fotoprogramma, "/usr/bin/gimp");
 }
 
@@ -43,17 +42,14 @@ TEST(OptionsRules, BrowserOptionOnlyForTheOneBrowserWithAConversation) {
   EXPECT_FALSE(OptiesBijOpenen({}, true, "%Error:De Internet Browser is niet gevonden.").ie_dynamisch_aan);
 }
 
-TEST(OptionsRules, WithoutExternalEditingThePhotoProgramIsNeitherShownNorKept) {
+TEST(OptionsRules, PhotoProgramIsProposedOnlyIntoAnEmptyEnabledBox) {
   UserPreferences v;
   v.foto_programma = "/usr/bin/gimp";
-  const OptiesScherm s = OptiesBijOpenen(v, false, "");
-  EXPECT_FALSE(s.fotoprogramma_aan);
-  EXPECT_EQ(s.fotoprogramma, "");
-  EXPECT_FALSE(FotoprogrammaVoorstellen(s));
-  EXPECT_EQ(OptiesBijOk(s).foto_programma, "");
-}
-
-TEST(OptionsRules, ProposesOnlyIntoAnEmptyEnabledBox) {
+  const OptiesScherm zonder = OptiesBijOpenen(v, false, "");
+  EXPECT_FALSE(zonder.fotoprogramma_aan);
+  EXPECT_EQ(zonder.fotoprogramma, "");
+  EXPECT_FALSE(FotoprogrammaVoorstellen(zonder));
+  EXPECT_EQ(OptiesBijOk(zonder).foto_programma, "");
   OptiesScherm s;
   s.fotoprogramma_aan = true;
   EXPECT_TRUE(FotoprogrammaVoorstellen(s));
@@ -62,52 +58,34 @@ TEST(OptionsRules, ProposesOnlyIntoAnEmptyEnabledBox) {
 }
 
 TEST(OptionsRules, OkSavesWhatTheControlsShow) {
-  OptiesScherm s;
-  s.ie_dynamisch = false;
-  s.controlevraag = true;
-  s.backup_bij_roteren = false;
-  s.opslaan_laatste = false;
-  s.fotoprogramma = "/opt/krita/bin/krita";
-  const UserPreferences v = OptiesBijOk(s);
-  EXPECT_EQ(v.lopende_browser, 0);
-  EXPECT_EQ(v.vraag_bij_afsluiten, 1);
-  EXPECT_EQ(v.backup_bij_bewerken, 0);
-  EXPECT_EQ(v.nieuw_in_laatste_dir, 0);
-  EXPECT_EQ(v.foto_programma, "/opt/krita/bin/krita");
-
-  s.ie_dynamisch = true;
-  s.backup_bij_roteren = true;
-  s.opslaan_laatste = true;
-  EXPECT_EQ(OptiesBijOk(s).lopende_browser, 1);
-  EXPECT_EQ(OptiesBijOk(s).backup_bij_bewerken, 1);
-  EXPECT_EQ(OptiesBijOk(s).nieuw_in_laatste_dir, 1);
+  for (const bool aan : {false, true}) {
+    OptiesScherm s;
+    s.ie_dynamisch = s.backup_bij_roteren = s.opslaan_laatste = aan;
+    s.controlevraag = !aan;
+    s.fotoprogramma = "/opt/krita/bin/krita";
+    const UserPreferences v = OptiesBijOk(s);
+    EXPECT_EQ((std::array{v.lopende_browser, v.vraag_bij_afsluiten, v.backup_bij_bewerken, v.nieuw_in_laatste_dir}),
+              (std::array<std::int16_t, 4>{aan, !aan, aan, aan}));
+    EXPECT_EQ(v.foto_programma, "/opt/krita/bin/krita");
+  }
 }
 
 TEST(OptionsRules, ProposalIsTheFirstKnownProgramOnTheSearchPath) {
   TempDir tmp;
-  const std::string a = tmp / "a";
-  const std::string b = tmp / "b";
-  const std::string c = tmp / "c";
-  for (const std::string& map : {a, b, c}) WriteBytes(map + "/.keep", "");
+  const std::string a = tmp / "a", b = tmp / "b", c = tmp / "c";
   WriteBytes(a + "/darktable", "");
   WriteBytes(b + "/krita", "");
   WriteBytes(c + "/gimp-helper", "");
-
   EXPECT_EQ(StelFotoprogrammaVoor(a + ":" + b + ":" + c), b + "/krita");
   EXPECT_EQ(StelFotoprogrammaVoor(a + ":" + c), a + "/darktable");
   EXPECT_EQ(StelFotoprogrammaVoor(c), "");
   EXPECT_EQ(StelFotoprogrammaVoor(""), "");
   WriteBytes(c + "/gimp", "");
   EXPECT_EQ(StelFotoprogrammaVoor(a + ":" + b + ":" + c + "/"), c + "/gimp");
-  // A directory named as a folder, not a file: nothing proposed from it.
+  // A folder of that name is no program; relative entries are skipped.
   WriteBytes(tmp / "d/pinta/.keep", "");
   EXPECT_EQ(StelFotoprogrammaVoor(tmp / "d"), "");
-}
-
-TEST(OptionsRules, RelativeSearchPathEntriesAreSkipped) {
-  TempDir tmp;
-  WriteBytes(tmp / "pinta", "");
-  EXPECT_EQ(StelFotoprogrammaVoor("::relative:" + tmp.path()), tmp / "pinta");
+  EXPECT_EQ(StelFotoprogrammaVoor("::relative:" + a), a + "/darktable");
 }
 
 }  // namespace

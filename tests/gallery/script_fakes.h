@@ -57,9 +57,6 @@ class FotoMappen : public ForwardingFileSystem {
     bestanden.insert(namen.begin(), namen.end());
   }
 
-  // Makes `directory` exist and hold nothing.
-  void Leeg(const std::string& directory) { mappen_[WithTrailingSlash(directory)].clear(); }
-
   bool FileExists(const std::string& path) override {
     const auto map = mappen_.find(DirectoryOf(path));
     return map != mappen_.end() && map->second.count(FileNameOf(path)) > 0;

@@ -14,8 +14,7 @@ TEST(TextTest, CaseMappingCoversAsciiAndLatin1Letters) {
 
 TEST(TextTest, CharCountCountsCodePoints) {
   EXPECT_EQ(CharCount(""), 0u);
-  EXPECT_EQ(CharCount("é="), 2u);
-  EXPECT_EQ(CharCount("€😀a"), 3u);
+  EXPECT_EQ(CharCount("é=€😀a"), 5u);
 }
 
 TEST(TextTest, DecodeKeepsUtf8AndConvertsEverythingElseFromWindows1252) {
@@ -34,19 +33,12 @@ TEST(TextTest, LeadingNumberReadsLikeAClassicValFunction) {
 }
 
 TEST(TextTest, IsNumberWantsTheWholeText) {
-  EXPECT_TRUE(IsNumber("7"));
-  EXPECT_TRUE(IsNumber(" -1.5 "));
-  EXPECT_TRUE(IsNumber("2E2"));
-  EXPECT_FALSE(IsNumber(""));
-  EXPECT_FALSE(IsNumber("x"));
-  EXPECT_FALSE(IsNumber("1x"));
-  EXPECT_FALSE(IsNumber("-"));
+  for (const char* getal : {"7", " -1.5 ", "2E2"}) EXPECT_TRUE(IsNumber(getal)) << getal;
+  for (const char* geen : {"", "x", "1x", "-"}) EXPECT_FALSE(IsNumber(geen)) << geen;
 }
 
 TEST(TextTest, NumberTextWritesWholeNumbersWithoutFraction) {
-  EXPECT_EQ(NumberText(8), "8");
-  EXPECT_EQ(NumberText(-3), "-3");
-  EXPECT_EQ(NumberText(2.5), "2.5");
+  EXPECT_EQ(NumberText(-3) + " " + NumberText(2.5), "-3 2.5");
 }
 
 TEST(TextTest, TrimmingRemovesSpacesOnly) {

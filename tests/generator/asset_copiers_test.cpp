@@ -1,17 +1,16 @@
+// The copiers on their own; site_steps_test.cpp has them in a whole run: a
+// second run that copies nothing and a failing copy that cuts the run off.
 #include "generator/asset_copiers.h"
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <cstdio>
 #include <filesystem>
 #include <string>
 #include <vector>
 
 #include "gallery/file_system.h"
-#include "gallery/status.h"
 #include "generator/generation_log.h"
-#include "tests/generator/page_writer_fixture.h"
 #include "tests/support/test_support.h"
 
 namespace kiekbord {
@@ -25,7 +24,6 @@ constexpr std::int64_t kSjabloonTijd = 1700000000 * kSeconde;
 class AssetKopieerTest : public ::testing::Test {
  protected:
   AssetKopieerTest() {
-    std::filesystem::create_directories(Sjabloon());
     std::filesystem::create_directories(Uit());
     SchrijfLog("open:" + dir_ / "proef.log");
   }
@@ -34,8 +32,7 @@ class AssetKopieerTest : public ::testing::Test {
   std::string Sjabloon() const { return dir_ / "sjabloon/"; }
   std::string Uit() const { return dir_ / "uit/"; }
 
-  // A file with the given contents and modification time.
-  static void Bestand(const std::string& path, const std::string& inhoud, std::int64_t tijd) {
+  static void Bestand(const std::string& path, const std::string& inhoud, std::int64_t tijd = kSjabloonTijd) {
     test::WriteBytes(path, inhoud);
     ASSERT_TRUE(LocalFileSystem().SetModificationTime(path, tijd).ok());
   }
@@ -43,14 +40,6 @@ class AssetKopieerTest : public ::testing::Test {
     FileInfo info;
     EXPECT_TRUE(LocalFileSystem().GetFileInfo(path, info).ok());
     return info.modified_ns;
-  }
-  Lines InUit() const {
-    Lines names;
-    for (const auto& entry : std::filesystem::directory_iterator(Uit())) {
-      names.push_back(entry.path().filename().string());
-    }
-    std::sort(names.begin(), names.end());
-    return names;
   }
   Lines AllesKopieren() {
     log_.clear();
@@ -66,13 +55,13 @@ class AssetKopieerTest : public ::testing::Test {
 };
 
 TEST_F(AssetKopieerTest, CopiesEachKindWithLowerCaseNamesAndTheSourceTime) {
-  Bestand(Sjabloon() + "back.GIF", "gif", kSjabloonTijd);
+  Bestand(Sjabloon() + "back.GIF", "gif");
   Bestand(Sjabloon() + "Rand.jpg", "jpg", kSjabloonTijd + 5 * kSeconde);
-  Bestand(Sjabloon() + "Menu.JS", "js", kSjabloonTijd);
-  Bestand(Sjabloon() + "Extra.Css", "css", kSjabloonTijd);
+  Bestand(Sjabloon() + "Menu.JS", "js");
+  Bestand(Sjabloon() + "Extra.Css", "css");
   // Not copied: the style sheet template, longer extensions, other kinds.
   for (const char* name : {"kb.css", "KB.CSS", "oud.jpeg", "menu.jsx", "kbtitel.html", "x.gif.bak"}) {
-    Bestand(Sjabloon() + name, "nee", kSjabloonTijd);
+    Bestand(Sjabloon() + name, "nee");
   }
 
   EXPECT_EQ(AllesKopieren(), (Lines{"2 Afbeelding(en) gevonden in sjabloondirectory.",
@@ -81,124 +70,63 @@ TEST_F(AssetKopieerTest, CopiesEachKindWithLowerCaseNamesAndTheSourceTime) {
                                     "1 Script(s) gekopieerd naar uitvoerdirectory.",
                                     "1 Extra stylesheet(s) gevonden in sjabloondirectory.",
                                     "1 Extra stylesheet(s) gekopieerd naar uitvoerdirectory."}));
-  EXPECT_EQ(InUit(), (Lines{"back.gif", "extra.css", "menu.js", "rand.jpg"}));
+  EXPECT_EQ(test::BestandenIn(Uit()), (Lines{"back.gif", "extra.css", "menu.js", "rand.jpg"}));
   EXPECT_EQ(test::ReadBytes(Uit() + "rand.jpg"), "jpg");
   EXPECT_EQ(Tijd(Uit() + "rand.jpg"), kSjabloonTijd + 5 * kSeconde);
   EXPECT_EQ(Tijd(Uit() + "back.gif"), kSjabloonTijd);
 }
 
-TEST_F(AssetKopieerTest, ASecondRunCopiesNothing) {
-  Bestand(Sjabloon() + "back.GIF", "gif", kSjabloonTijd);
-  Bestand(Sjabloon() + "menu.js", "js", kSjabloonTijd);
-  Bestand(Sjabloon() + "extra.css", "css", kSjabloonTijd);
-  AllesKopieren();
-
-  EXPECT_EQ(AllesKopieren(), (Lines{"1 Afbeelding(en) gevonden in sjabloondirectory.",
-                                    "Geen afbeeldingen gekopieerd naar uitvoerdirectory.",
-                                    "1 Script(s) gevonden in sjabloondirectory.",
-                                    "Geen scripts gekopieerd naar uitvoerdirectory.",
-                                    "1 Extra stylesheet(s) gevonden in sjabloondirectory.",
-                                    "Geen extra stylesheets gekopieerd naar uitvoerdirectory."}));
+TEST_F(AssetKopieerTest, CopiesOnlyWhenTheTimesDifferToTheSecond) {
+  struct Geval { std::int64_t uitvoer_tijd; bool gekopieerd; } gevallen[] = {
+      {-3600 * kSeconde, true},
+      {3600 * kSeconde, true},  // a newer output file is overwritten by the older template file
+      {0, false},
+      {400000000, false},
+      {kSeconde, true}};
+  Bestand(Sjabloon() + "rand.gif", "nieuw");
+  for (const Geval& geval : gevallen) {
+    SCOPED_TRACE(geval.uitvoer_tijd);
+    Bestand(Uit() + "rand.gif", "oud", kSjabloonTijd + geval.uitvoer_tijd);
+    KopieerAfbeeldingen(Sjabloon(), Uit());
+    EXPECT_EQ(log_.back(), geval.gekopieerd ? "1 Afbeelding(en) gekopieerd naar uitvoerdirectory."
+                                            : "Geen afbeeldingen gekopieerd naar uitvoerdirectory.");
+    EXPECT_EQ(test::ReadBytes(Uit() + "rand.gif"), geval.gekopieerd ? "nieuw" : "oud");
+    EXPECT_EQ(Tijd(Uit() + "rand.gif"), kSjabloonTijd + (geval.gekopieerd ? 0 : geval.uitvoer_tijd));
+  }
 }
 
-struct TijdGeval {
-  const char* naam;
-  std::int64_t uitvoer_tijd;  // relative to the template file's time
-  bool gekopieerd;
-};
-
-class AssetTijdTest : public AssetKopieerTest, public ::testing::WithParamInterface<TijdGeval> {};
-
-TEST_P(AssetTijdTest, CopiesOnlyWhenTheTimesDiffer) {
-  Bestand(Sjabloon() + "rand.gif", "nieuw", kSjabloonTijd);
-  Bestand(Uit() + "rand.gif", "oud", kSjabloonTijd + GetParam().uitvoer_tijd);
-  KopieerAfbeeldingen(Sjabloon(), Uit());
-
-  const bool gekopieerd = GetParam().gekopieerd;
-  EXPECT_EQ(log_.back(), gekopieerd ? "1 Afbeelding(en) gekopieerd naar uitvoerdirectory."
-                                    : "Geen afbeeldingen gekopieerd naar uitvoerdirectory.");
-  EXPECT_EQ(test::ReadBytes(Uit() + "rand.gif"), gekopieerd ? "nieuw" : "oud");
-  EXPECT_EQ(Tijd(Uit() + "rand.gif"),
-            gekopieerd ? kSjabloonTijd : kSjabloonTijd + GetParam().uitvoer_tijd);
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    Gevallen, AssetTijdTest,
-    ::testing::Values(TijdGeval{"UitvoerOuder", -3600 * kSeconde, true},
-                      // A newer output file is overwritten by the older template file.
-                      TijdGeval{"UitvoerNieuwer", 3600 * kSeconde, true},
-                      TijdGeval{"Gelijk", 0, false},
-                      // Times are compared to the second.
-                      TijdGeval{"ZelfdeSeconde", 400000000, false},
-                      TijdGeval{"VolgendeSeconde", kSeconde, true}),
-    [](const auto& info) { return std::string(info.param.naam); });
-
-TEST_F(AssetKopieerTest, AtMost512ImagesGifsFirst) {
+TEST_F(AssetKopieerTest, AtMost512ImagesGifsFirstInNameOrder) {
   char name[32];
   for (int i = 1; i <= 500; ++i) {
     std::snprintf(name, sizeof name, "beeld%03d.gif", i);
-    Bestand(Sjabloon() + name, "gif", kSjabloonTijd);
+    Bestand(Sjabloon() + name, "gif");
   }
   for (int i = 1; i <= 100; ++i) {
     std::snprintf(name, sizeof name, "Foto%03d.JPG", i);
-    Bestand(Sjabloon() + name, "jpg", kSjabloonTijd);
+    Bestand(Sjabloon() + name, "jpg");
   }
   KopieerAfbeeldingen(Sjabloon(), Uit());
-
   EXPECT_EQ(log_, (Lines{"512 Afbeelding(en) gevonden in sjabloondirectory.",
                          "512 Afbeelding(en) gekopieerd naar uitvoerdirectory."}));
   EXPECT_TRUE(std::filesystem::exists(Uit() + "beeld500.gif"));
   EXPECT_TRUE(std::filesystem::exists(Uit() + "foto012.jpg"));
   EXPECT_FALSE(std::filesystem::exists(Uit() + "foto013.jpg"));
-  EXPECT_EQ(InUit().size(), 512u);
+  EXPECT_EQ(test::BestandenIn(Uit()).size(), 512u);
 }
 
-TEST_F(AssetKopieerTest, SixHundredImagesGiveTheFirst512InNameOrder) {
-  char name[32];
-  for (int i = 1; i <= 600; ++i) {
-    std::snprintf(name, sizeof name, "Beeld%03d.Gif", i);
-    Bestand(Sjabloon() + name, "gif", kSjabloonTijd);
-  }
-  KopieerAfbeeldingen(Sjabloon(), Uit());
-  EXPECT_EQ(log_, (Lines{"512 Afbeelding(en) gevonden in sjabloondirectory.",
-                         "512 Afbeelding(en) gekopieerd naar uitvoerdirectory."}));
-  EXPECT_TRUE(std::filesystem::exists(Uit() + "beeld512.gif"));
-  EXPECT_FALSE(std::filesystem::exists(Uit() + "beeld513.gif"));
-
-  log_.clear();
-  KopieerAfbeeldingen(Sjabloon(), Uit());
-  EXPECT_EQ(log_, (Lines{"512 Afbeelding(en) gevonden in sjabloondirectory.",
-                         "Geen afbeeldingen gekopieerd naar uitvoerdirectory."}));
-}
-
-TEST_F(AssetKopieerTest, MissingTemplateDirectoryFindsNothing) {
-  KopieerScripts(dir_ / "bestaat-niet/", Uit());
-  EXPECT_EQ(log_, (Lines{"Geen scripts gevonden in sjabloondirectory.",
-                         "Geen scripts gekopieerd naar uitvoerdirectory."}));
-}
-
-TEST_F(AssetKopieerTest, OnlyTheStyleSheetTemplateIsNoExtraStyleSheet) {
-  Bestand(Sjabloon() + "kb.css", "sjabloon", kSjabloonTijd);
-  KopieerStijlbladen(Sjabloon(), Uit());
-  EXPECT_EQ(log_, (Lines{"Geen extra stylesheets gevonden in sjabloondirectory.",
-                         "Geen extra stylesheets gekopieerd naar uitvoerdirectory."}));
-  EXPECT_EQ(InUit(), Lines{});
-}
-
-TEST_F(AssetKopieerTest, AFailingCopyIsNotCaught) {
-  Bestand(Sjabloon() + "a.gif", "a", kSjabloonTijd);
-  Bestand(Sjabloon() + "b.gif", "b", kSjabloonTijd);
-  test::GeweigerdeToegang fs;
-  fs.schrijven_geweigerd = Uit() + "b.gif";
-  ScopedFileSystem scoped(fs);
-  try {
-    KopieerAfbeeldingen(Sjabloon(), Uit());
-    FAIL() << "geen fout";
-  } catch (const RunError& error) {
-    EXPECT_EQ(error.number(), fout::kPermissionDenied);
-  }
-  EXPECT_EQ(log_, Lines{"2 Afbeelding(en) gevonden in sjabloondirectory."});
-  EXPECT_EQ(InUit(), Lines{"a.gif"});
+TEST_F(AssetKopieerTest, NothingToCopyGivesTheNoneLines) {
+  // Only the style sheet template: no extra style sheet.
+  Bestand(Sjabloon() + "kb.css", "sjabloon");
+  EXPECT_EQ(AllesKopieren(), (Lines{"Geen afbeeldingen gevonden in sjabloondirectory.",
+                                    "Geen afbeeldingen gekopieerd naar uitvoerdirectory.",
+                                    "Geen scripts gevonden in sjabloondirectory.",
+                                    "Geen scripts gekopieerd naar uitvoerdirectory.",
+                                    "Geen extra stylesheets gevonden in sjabloondirectory.",
+                                    "Geen extra stylesheets gekopieerd naar uitvoerdirectory."}));
+  std::filesystem::remove_all(Sjabloon());
+  KopieerScripts(Sjabloon(), Uit());
+  EXPECT_EQ(log_.back(), "Geen scripts gekopieerd naar uitvoerdirectory.");
+  EXPECT_EQ(test::BestandenIn(Uit()), Lines{});
 }
 
 }  // namespace

@@ -36,7 +36,7 @@ std::string MaakJpeg(int breedte, int hoogte, const PixelFunctie& kleur, JpegOpt
   unsigned long size = 0;
   const int flags = opties.progressief ? TJFLAG_PROGRESSIVE : 0;
   const int result = tjCompress2(handle.get(), rgb.data(), breedte, 0, hoogte, TJPF_RGB, &output, &size,
-                                 opties.chroma_volledig ? TJSAMP_444 : TJSAMP_420, opties.kwaliteit, flags);
+                                 TJSAMP_444, opties.kwaliteit, flags);
   const std::unique_ptr<unsigned char, TjFreer> owned(output);
   EXPECT_EQ(result, 0) << tjGetErrorStr2(handle.get());
   return result == 0 ? std::string(reinterpret_cast<const char*>(owned.get()), size) : std::string();

@@ -23,10 +23,10 @@ struct Rgb {
 
 using PixelFunctie = std::function<Rgb(int x, int y)>;
 
+// Made without chroma subsampling (4:4:4).
 struct JpegOpties {
   int kwaliteit = 95;
   bool progressief = false;
-  bool chroma_volledig = true;  // 4:4:4, else 4:2:0
 };
 
 // A width x height JPEG whose pixel (x, y), counted from the top-left, is

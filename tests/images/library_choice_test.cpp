@@ -1,7 +1,6 @@
 #include "images/library_choice.h"
 
 #include <gtest/gtest.h>
-#include <gmock/gmock.h>
 #include <sys/utsname.h>
 
 #include <cstdio>
@@ -12,13 +11,11 @@
 namespace kiekbord {
 namespace {
 
-using ::testing::ElementsAre;
-
 TEST(OsNaam, VersionTable) {
-  struct {
+  const struct {
     const char* sleutel;
     const char* naam;
-  } const gevallen[] = {
+  } gevallen[] = {
       {"1.4.0", "95"},        {"1.4.10", "98"},         {"2.3.51", "NT3.51"},
       {"2.4.0", "NT4.0"},     {"2.4.90", "ME"},         {"2.5.0", "2000"},
       {"2.5.1", "XP"},        {"2.5.2", "Server 2003"}, {"2.6.0", "Vista"},
@@ -37,42 +34,38 @@ TEST(OsNaam, LinuxReportsPlatformThreeWithTheKernelVersion) {
   EXPECT_EQ(BepaalOsNaam(), "Unknown (3." + std::to_string(major) + "." + std::to_string(minor) + ")");
 }
 
-class ThumbnailKeuze : public ::testing::Test {
- protected:
-  ThumbnailKeuze() { test::WriteBytes(met_marker_ / "GDIplus.txt", "marker"); }
-  test::TempDir met_marker_;
-  test::TempDir zonder_marker_;
-  test::TempDir log_dir_;
-  test::LogOpname log_{log_dir_ / "kiekbord.log"};
-};
-
-TEST_F(ThumbnailKeuze, Windows7UsesTheSmoothLibrary) {
-  EXPECT_EQ(KiesThumbnailBibliotheek("Windows7", zonder_marker_.path()), ImageLibrary::kGdiPlus);
-  EXPECT_THAT(log_.regels(), ElementsAre("(Windows Windows7 gedetecteerd.)", "Imagelibrary GDIplus wordt gebruikt."));
-}
-
-TEST_F(ThumbnailKeuze, VistaAndXpUseTheSmoothLibrary) {
-  EXPECT_EQ(KiesThumbnailBibliotheek("Vista", zonder_marker_.path()), ImageLibrary::kGdiPlus);
-  EXPECT_EQ(KiesThumbnailBibliotheek("XP", zonder_marker_.path()), ImageLibrary::kGdiPlus);
-}
-
-TEST_F(ThumbnailKeuze, UnknownSystemUsesThePixelLibrary) {
-  EXPECT_EQ(KiesThumbnailBibliotheek("Unknown (2.6.2)", zonder_marker_.path()), ImageLibrary::kIjl11);
-  EXPECT_THAT(log_.regels(),
-              ElementsAre("(Windows Unknown (2.6.2) gedetecteerd.)", "Imagelibrary IJL11 wordt gebruikt."));
-}
-
-TEST_F(ThumbnailKeuze, MarkerFileForcesTheSmoothLibrary) {
-  EXPECT_EQ(KiesThumbnailBibliotheek("Unknown (2.6.2)", met_marker_.path()), ImageLibrary::kGdiPlus);
-  EXPECT_THAT(log_.regels(), ElementsAre("(Windows Unknown (2.6.2) gedetecteerd.)", "(Bestand GDIplus.txt gedetecteerd.)",
-                                         "Imagelibrary GDIplus wordt gebruikt."));
-}
-
-TEST_F(ThumbnailKeuze, ThisSystemFollowsTheMarker) {
-  EXPECT_EQ(KiesThumbnailBibliotheek(met_marker_.path()), ImageLibrary::kGdiPlus);
-  EXPECT_EQ(KiesThumbnailBibliotheek(zonder_marker_.path()), ImageLibrary::kIjl11);
-  ASSERT_EQ(log_.regels().size(), 5u);
-  EXPECT_EQ(log_.regels()[0], "(Windows " + BepaalOsNaam() + " gedetecteerd.)");
+TEST(ThumbnailKeuze, NameAndMarkerFileChooseTheLibraryAndAreLogged) {
+  test::TempDir met_marker;
+  test::TempDir zonder_marker;
+  test::WriteBytes(met_marker / "GDIplus.txt", "");
+  const std::string gdi = "Imagelibrary GDIplus wordt gebruikt.";
+  const std::string ijl = "Imagelibrary IJL11 wordt gebruikt.";
+  const std::string marker = "(Bestand GDIplus.txt gedetecteerd.)";
+  const struct {
+    const char* naam;
+    bool met_marker;
+    ImageLibrary bibliotheek;
+    std::vector<std::string> regels;
+  } gevallen[] = {
+      {"Windows7", false, ImageLibrary::kGdiPlus, {"(Windows Windows7 gedetecteerd.)", gdi}},
+      {"Vista", false, ImageLibrary::kGdiPlus, {"(Windows Vista gedetecteerd.)", gdi}},
+      {"Unknown (2.6.2)", false, ImageLibrary::kIjl11, {"(Windows Unknown (2.6.2) gedetecteerd.)", ijl}},
+      {"Unknown (2.6.2)", true, ImageLibrary::kGdiPlus, {"(Windows Unknown (2.6.2) gedetecteerd.)", marker, gdi}},
+  };
+  for (const auto& geval : gevallen) {
+    test::TempDir log_dir;
+    test::LogOpname log(log_dir / "kiekbord.log");
+    const std::string program_dir = geval.met_marker ? met_marker.path() : zonder_marker.path();
+    EXPECT_EQ(KiesThumbnailBibliotheek(geval.naam, program_dir), geval.bibliotheek) << geval.naam;
+    EXPECT_EQ(log.regels(), geval.regels);
+  }
+  // On this system: the name of BepaalOsNaam, the marker decides.
+  test::TempDir log_dir;
+  test::LogOpname log(log_dir / "kiekbord.log");
+  EXPECT_EQ(KiesThumbnailBibliotheek(met_marker.path()), ImageLibrary::kGdiPlus);
+  EXPECT_EQ(KiesThumbnailBibliotheek(zonder_marker.path()), ImageLibrary::kIjl11);
+  EXPECT_EQ(log.regels(), (std::vector<std::string>{"(Windows " + BepaalOsNaam() + " gedetecteerd.)", marker, gdi,
+                                                    "(Windows " + BepaalOsNaam() + " gedetecteerd.)", ijl}));
 }
 
 TEST(HoofdvensterKeuze, StoredNameAndRotationLibrary) {

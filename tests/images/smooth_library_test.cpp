@@ -18,9 +18,9 @@ const test::Rgb kRood{255, 0, 0};
 const test::Rgb kBlauw{0, 0, 255};
 
 TEST(ThumbnailMaat, DivisorAndRounding) {
-  struct {
+  const struct {
     int breedte, hoogte, deler, tw, th;
-  } const gevallen[] = {
+  } gevallen[] = {
       {4000, 3000, 27, 148, 111}, {3000, 4000, 27, 111, 148}, {100, 80, 1, 100, 80},
       {150, 150, 1, 150, 150},    {301, 200, 2, 150, 100},    {300, 200, 2, 150, 100},
       {753, 100, 5, 151, 20},     {151, 100, 2, 76, 50},      {5120, 2880, 34, 151, 85},
@@ -35,11 +35,9 @@ TEST(ThumbnailMaat, DivisorAndRounding) {
 }
 
 TEST(GladdeBibliotheek, QualityCodesAndTemporaryPath) {
-  EXPECT_EQ(VerkleinKwaliteit(0), 100);
-  EXPECT_EQ(VerkleinKwaliteit(1), 80);
-  EXPECT_EQ(VerkleinKwaliteit(2), 60);
-  EXPECT_EQ(VerkleinKwaliteit(3), 100);
-  EXPECT_EQ(VerkleinKwaliteit(-1), 100);
+  for (const auto& [code, kwaliteit] : {std::pair{0, 100}, {1, 80}, {2, 60}, {3, 100}, {-1, 100}}) {
+    EXPECT_EQ(VerkleinKwaliteit(code), kwaliteit) << code;
+  }
   EXPECT_EQ(TijdelijkPad("/fotos.jpg/a.jpg"), "/fotos_tmp.jpg/a_tmp.jpg");
   EXPECT_EQ(TijdelijkPad("/f/A.JPG"), "/f/A.JPG");
 }
@@ -76,11 +74,11 @@ class GladdeBewerking : public ::testing::Test {
 };
 
 TEST_F(GladdeBewerking, ThumbnailSizesAndLogLine) {
-  struct {
+  const struct {
     int breedte, hoogte, tw, th;
     bool progressief;
-  } const gevallen[] = {{4000, 3000, 148, 111, false}, {3000, 4000, 111, 148, true}, {753, 100, 151, 20, false},
-                        {301, 200, 150, 100, true},    {100, 80, 100, 80, false},    {150, 150, 150, 150, false}};
+  } gevallen[] = {{4000, 3000, 148, 111, false}, {3000, 4000, 111, 148, true}, {753, 100, 151, 20, false},
+                  {301, 200, 150, 100, true},    {100, 80, 100, 80, false}};
   for (const auto& geval : gevallen) {
     log_.Wis();
     const std::string foto = dir_ / "maat.jpg";
@@ -89,8 +87,7 @@ TEST_F(GladdeBewerking, ThumbnailSizesAndLogLine) {
     EXPECT_THAT(log_.regels(), ElementsAre("Aanmaken (GDI) thumbnail " + dir_.path() + "maat_tn.jpg..."));
     const std::string jpeg = test::ReadBytes(dir_ / "maat_tn.jpg");
     const test::Beeld thumb = test::LeesJpeg(jpeg);
-    EXPECT_EQ(thumb.breedte, geval.tw) << geval.breedte << "x" << geval.hoogte;
-    EXPECT_EQ(thumb.hoogte, geval.th) << geval.breedte << "x" << geval.hoogte;
+    EXPECT_EQ(std::pair(thumb.breedte, thumb.hoogte), std::pair(geval.tw, geval.th)) << geval.breedte;
     EXPECT_TRUE(test::Lijkt(thumb.At(thumb.breedte / 2, thumb.hoogte / 2), {200, 120, 40}, 6));
     EXPECT_EQ(test::EersteKwantisatieWaarde(jpeg), 3);  // quality 90
   }
@@ -111,47 +108,34 @@ TEST_F(GladdeBewerking, ThumbnailSmoothsInsteadOfSampling) {
 
 TEST_F(GladdeBewerking, ThumbnailFailureIsLoggedShownAndPassedOn) {
   test::WriteBytes(dir_ / "png.jpg", "\x89PNG\r\n\x1a\n" + std::string(100, '\0'));
-  const Status status = GDIMaakThumb(dir_ / "png.jpg", dir_ / "png_tn.jpg");
-  EXPECT_EQ(status.number(), 26002);
-  EXPECT_EQ(status.description(), "Cannot load image: Not a JPEG file: starts with 0x89 0x50");
-  EXPECT_THAT(log_.regels(), ElementsAre("Error: Cannot load image: Not a JPEG file: starts with 0x89 0x50"));
-  EXPECT_THAT(meldingen_.meldingen,
-              ElementsAre("Fout 26002 tijdens aanmaken GDI thumbnail.\n(Cannot load image: Not a JPEG file: starts with "
-                          "0x89 0x50)"));
-  EXPECT_FALSE(Fs().FileExists(dir_ / "png_tn.jpg"));
-
-  log_.Wis();
-  meldingen_.meldingen.clear();
-  const Status weg = GDIMaakThumb(dir_ / "weg.jpg", dir_ / "weg_tn.jpg");
-  EXPECT_EQ(weg.number(), 26002);
-  EXPECT_EQ(weg.description(), "File not found");
-  EXPECT_THAT(log_.regels(), ElementsAre("Error: File not found"));
-  EXPECT_THAT(meldingen_.meldingen, ElementsAre("Fout 53 tijdens aanmaken GDI thumbnail.\n(File not found)"));
-}
-
-TEST_F(GladdeBewerking, HugeClaimedSizeIsRefusedBeforeDecoding) {
   test::WriteBytes(dir_ / "groot.jpg", test::KaleKop(65000, 65000));
-  const Status status = GDIMaakThumb(dir_ / "groot.jpg", dir_ / "groot_tn.jpg");
-  EXPECT_EQ(status.description(), "Image too large: 65000 x 65000 pixels");
-  EXPECT_THAT(log_.regels(), ElementsAre("Error: Image too large: 65000 x 65000 pixels"));
+  const std::string png = "Cannot load image: Not a JPEG file: starts with 0x89 0x50";
+  const std::string groot = "Image too large: 65000 x 65000 pixels";  // refused before decoding
+  for (const auto& [naam, fout] : {std::pair{"png", png}, {"weg", "File not found"}, {"groot", groot}}) {
+    const Status status = GDIMaakThumb(dir_ / naam + ".jpg", dir_ / naam + "_tn.jpg");
+    EXPECT_EQ(std::pair(status.number(), status.description()), std::pair(26002, fout));
+    EXPECT_FALSE(Fs().FileExists(dir_ / naam + "_tn.jpg"));
+  }
+  EXPECT_THAT(log_.regels(), ElementsAre("Error: " + png, "Error: File not found", "Error: " + groot));
+  EXPECT_THAT(meldingen_.meldingen, ElementsAre("Fout 26002 tijdens aanmaken GDI thumbnail.\n(" + png + ")",
+                                                "Fout 53 tijdens aanmaken GDI thumbnail.\n(File not found)",
+                                                "Fout 26002 tijdens aanmaken GDI thumbnail.\n(" + groot + ")"));
 }
 
-TEST_F(GladdeBewerking, HeaderWithoutImageDataEndsCleanly) {
-  test::WriteBytes(dir_ / "leeg.jpg", test::KaleKop(6000, 4000));
-  // Decoded grey, as any truncated photo is, and quickly: shrunk on load.
-  ASSERT_TRUE(GDIMaakThumb(dir_ / "leeg.jpg", dir_ / "leeg_tn.jpg").ok());
-  const test::Beeld thumb = test::LeesJpeg(test::ReadBytes(dir_ / "leeg_tn.jpg"));
-  EXPECT_EQ(thumb.breedte, 150);
-  EXPECT_EQ(thumb.hoogte, 100);
-  EXPECT_TRUE(test::Lijkt(thumb.At(75, 50), {128, 128, 128}, 8));
-}
-
-TEST_F(GladdeBewerking, TruncatedPhotoStillGetsAThumbnail) {
+// A truncated photo, or a header without any image data, decodes with grey
+// for what is missing, and quickly: shrunk on load.
+TEST_F(GladdeBewerking, DamagedPhotosStillGetAThumbnail) {
   std::string afgebroken = test::MaakJpeg(640, 480, [](int x, int y) { return test::Rgb{x % 256, y % 256, 90}; });
   afgebroken.resize(afgebroken.size() * 2 / 3);
   test::WriteBytes(dir_ / "half.jpg", afgebroken);
-  ASSERT_TRUE(GDIMaakThumb(dir_ / "half.jpg", dir_ / "half_tn.jpg").ok());
-  EXPECT_EQ(test::LeesJpeg(test::ReadBytes(dir_ / "half_tn.jpg")).breedte, 128);
+  test::WriteBytes(dir_ / "leeg.jpg", test::KaleKop(6000, 4000));
+  for (const auto& [naam, breedte] : {std::pair{"half", 128}, {"leeg", 150}}) {
+    ASSERT_TRUE(GDIMaakThumb(dir_ / naam + ".jpg", dir_ / naam + "_tn.jpg").ok()) << naam;
+    EXPECT_EQ(test::LeesJpeg(test::ReadBytes(dir_ / naam + "_tn.jpg")).breedte, breedte) << naam;
+  }
+  const test::Beeld thumb = test::LeesJpeg(test::ReadBytes(dir_ / "leeg_tn.jpg"));
+  EXPECT_EQ(thumb.hoogte, 100);
+  EXPECT_TRUE(test::Lijkt(thumb.At(75, 50), {128, 128, 128}, 8));
 }
 
 TEST_F(GladdeBewerking, RotationAtQuality100WithBackup) {
@@ -160,19 +144,16 @@ TEST_F(GladdeBewerking, RotationAtQuality100WithBackup) {
   test::WriteBytes(foto, origineel);
 
   ASSERT_TRUE(GDIRoteerImg(foto, "links", true).ok());
-  std::string jpeg = test::ReadBytes(foto);
-  test::Beeld beeld = test::LeesJpeg(jpeg);
-  ASSERT_EQ(beeld.breedte, 32);
-  ASSERT_EQ(beeld.hoogte, 64);
+  test::Beeld beeld = test::LeesJpeg(test::ReadBytes(foto));
+  ASSERT_EQ(std::pair(beeld.breedte, beeld.hoogte), std::pair(32, 64));
   EXPECT_TRUE(test::Lijkt(beeld.At(16, 8), kBlauw, 40)) << "the right half turns to the top";
-  EXPECT_EQ(test::EersteKwantisatieWaarde(jpeg), 1);  // quality 100
+  EXPECT_EQ(test::EersteKwantisatieWaarde(test::ReadBytes(foto)), 1);  // quality 100
   EXPECT_EQ(test::ReadBytes(dir_ / "Backup/foto.jpg"), origineel);
   EXPECT_FALSE(Fs().FileExists(dir_ / "foto_tmp.jpg"));
 
   ASSERT_TRUE(GDIRoteerImg(foto, "rechts", true).ok());
   beeld = test::LeesJpeg(test::ReadBytes(foto));
-  EXPECT_EQ(beeld.breedte, 64);
-  EXPECT_EQ(beeld.hoogte, 32);
+  EXPECT_EQ(std::pair(beeld.breedte, beeld.hoogte), std::pair(64, 32));
   EXPECT_TRUE(test::Lijkt(beeld.At(8, 16), kRood, 40));
   EXPECT_EQ(test::ReadBytes(dir_ / "Backup/foto.jpg"), origineel) << "the backup keeps the first state";
   EXPECT_TRUE(log_.regels().empty());
@@ -180,17 +161,14 @@ TEST_F(GladdeBewerking, RotationAtQuality100WithBackup) {
 }
 
 TEST_F(GladdeBewerking, ShrinkToAnExactSizeAtTheCodesQuality) {
-  const int codes[] = {0, 1, 2, 7};
-  const int eerste_waarde[] = {1, 6, 13, 1};
-  for (int i = 0; i < 4; ++i) {
-    const std::string foto = dir_ / "foto.jpg";
+  // The first quantisation value shows the quality: 1 at 100, 6 at 80, 13 at 60.
+  const std::string foto = dir_ / "foto.jpg";
+  for (const auto& [code, eerste_waarde] : {std::pair{0, 1}, {1, 6}, {2, 13}, {7, 1}}) {
     test::WriteBytes(foto, test::EffenJpeg(400, 300));
-    ASSERT_TRUE(GDIVerkleinImg(foto, 123, 45, codes[i], false).ok());
-    const std::string jpeg = test::ReadBytes(foto);
-    const test::Beeld beeld = test::LeesJpeg(jpeg);
-    EXPECT_EQ(beeld.breedte, 123);
-    EXPECT_EQ(beeld.hoogte, 45);
-    EXPECT_EQ(test::EersteKwantisatieWaarde(jpeg), eerste_waarde[i]) << "code " << codes[i];
+    ASSERT_TRUE(GDIVerkleinImg(foto, 123, 45, code, false).ok());
+    const test::Beeld beeld = test::LeesJpeg(test::ReadBytes(foto));
+    EXPECT_EQ(std::pair(beeld.breedte, beeld.hoogte), std::pair(123, 45));
+    EXPECT_EQ(test::EersteKwantisatieWaarde(test::ReadBytes(foto)), eerste_waarde) << "code " << code;
   }
   EXPECT_FALSE(Fs().DirectoryExists(dir_ / "Backup"));
 }

@@ -1,38 +1,11 @@
 #include "tests/support/golden.h"
 
 #include <filesystem>
+#include <sstream>
 
 #include "tests/support/test_support.h"
 
 namespace kiekbord::test {
-namespace {
-
-std::vector<std::string> Regels(const std::string& text) {
-  std::vector<std::string> regels;
-  std::size_t start = 0;
-  while (start <= text.size()) {
-    const auto einde = text.find('\n', start);
-    if (einde == std::string::npos) {
-      regels.push_back(text.substr(start));
-      break;
-    }
-    regels.push_back(text.substr(start, einde - start + 1));
-    start = einde + 1;
-  }
-  return regels;
-}
-
-std::string Zichtbaar(const std::string& regel) {
-  std::string out;
-  for (const char c : regel) {
-    if (c == '\r') out += "\\r";
-    else if (c == '\n') out += "\\n";
-    else out += c;
-  }
-  return out;
-}
-
-}  // namespace
 
 std::string VulPlaatshouders(std::string text, const Plaatshouders& plaatshouders) {
   for (const auto& [naam, waarde] : plaatshouders) {
@@ -58,14 +31,22 @@ void KopieerMap(const std::string& from, const std::string& to) {
   const std::string gemaakte_tekst = ReadBytes(gemaakt);
   if (verwachte_tekst == gemaakte_tekst) return ::testing::AssertionSuccess();
 
-  const std::vector<std::string> a = Regels(verwachte_tekst);
-  const std::vector<std::string> b = Regels(gemaakte_tekst);
-  std::size_t i = 0;
-  while (i < a.size() && i < b.size() && a[i] == b[i]) ++i;
-  return ::testing::AssertionFailure()
-         << gemaakt << " wijkt af van " << verwacht << " op regel " << i + 1 << ":\n"
-         << "  verwacht: " << (i < a.size() ? Zichtbaar(a[i]) : "(einde)") << "\n"
-         << "  gemaakt:  " << (i < b.size() ? Zichtbaar(b[i]) : "(einde)");
+  // The first line that differs, its line end shown.
+  std::istringstream a(verwachte_tekst), b(gemaakte_tekst);
+  std::string regel_a, regel_b;
+  int nummer = 1;
+  bool in_a = false, in_b = false;
+  while ((in_a = static_cast<bool>(std::getline(a, regel_a))) & (in_b = static_cast<bool>(std::getline(b, regel_b))) &&
+         regel_a == regel_b) {
+    ++nummer;
+  }
+  const auto zichtbaar = [](bool er, const std::string& regel) {
+    if (!er) return std::string("(einde)");
+    return regel.ends_with('\r') ? regel.substr(0, regel.size() - 1) + "\\r" : regel;
+  };
+  return ::testing::AssertionFailure() << gemaakt << " wijkt af van " << verwacht << " op regel " << nummer
+                                       << ":\n  verwacht: " << zichtbaar(in_a, regel_a)
+                                       << "\n  gemaakt:  " << zichtbaar(in_b, regel_b);
 }
 
 }  // namespace kiekbord::test

@@ -4,8 +4,8 @@
 #include <cctype>
 #include <filesystem>
 #include <map>
+#include <regex>
 #include <set>
-#include <string_view>
 #include <utility>
 
 #include "tests/support/test_support.h"
@@ -13,13 +13,10 @@
 namespace kiekbord::test {
 namespace {
 
-namespace fs = std::filesystem;
-
-std::string Klein(std::string_view text) {
-  std::string out(text);
-  std::transform(out.begin(), out.end(), out.begin(),
+std::string Klein(std::string text) {
+  std::transform(text.begin(), text.end(), text.begin(),
                  [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
-  return out;
+  return text;
 }
 
 bool IsPagina(const std::string& naam) {
@@ -27,181 +24,91 @@ bool IsPagina(const std::string& naam) {
   return klein.ends_with(".html") || klein.ends_with(".htm");
 }
 
-struct Tag {
+// The page without its comments and without what stands between a script's
+// start tag and its end tag.
+std::string ZonderCommentaarEnScripts(std::string tekst) {
+  for (std::size_t pos; (pos = tekst.find("<!--")) != std::string::npos;) {
+    tekst.erase(pos, std::min(tekst.find("-->", pos + 4), tekst.size() - 3) + 3 - pos);
+  }
+  for (std::size_t pos = 0; (pos = Klein(tekst).find("<script", pos)) != std::string::npos;) {
+    pos = std::min(tekst.find('>', pos), tekst.size() - 1) + 1;
+    tekst.erase(pos, std::min(Klein(tekst).find("</script", pos), tekst.size()) - pos);
+  }
+  return tekst;
+}
+
+struct Attribuut {
+  std::string tag;
   std::string naam;
-  std::vector<std::pair<std::string, std::string>> attributen;
+  std::string waarde;
 };
 
-bool IsNaamTeken(char c) {
-  return !std::isspace(static_cast<unsigned char>(c)) && c != '=' && c != '>' && c != '/' &&
-         c != '"' && c != '\'';
-}
-
-void SlaSpatiesOver(std::string_view tekst, std::size_t& pos) {
-  while (pos < tekst.size() && std::isspace(static_cast<unsigned char>(tekst[pos]))) ++pos;
-}
-
-std::string LeesWaarde(std::string_view tekst, std::size_t& pos) {
-  if (pos < tekst.size() && (tekst[pos] == '"' || tekst[pos] == '\'')) {
-    const char quote = tekst[pos++];
-    const std::size_t einde = std::min(tekst.find(quote, pos), tekst.size());
-    std::string waarde(tekst.substr(pos, einde - pos));
-    pos = std::min(einde + 1, tekst.size());
-    return waarde;
-  }
-  const std::size_t begin = pos;
-  while (pos < tekst.size() && !std::isspace(static_cast<unsigned char>(tekst[pos])) &&
-         tekst[pos] != '>')
-    ++pos;
-  return std::string(tekst.substr(begin, pos - begin));
-}
-
-// The tag that starts at tekst[pos] == '<'; pos ends after its '>'.
-Tag LeesTag(std::string_view tekst, std::size_t& pos) {
-  Tag tag;
-  ++pos;
-  const std::size_t naam_begin = pos;
-  while (pos < tekst.size() && IsNaamTeken(tekst[pos])) ++pos;
-  tag.naam = Klein(tekst.substr(naam_begin, pos - naam_begin));
-  while (pos < tekst.size() && tekst[pos] != '>') {
-    SlaSpatiesOver(tekst, pos);
-    const std::size_t begin = pos;
-    while (pos < tekst.size() && IsNaamTeken(tekst[pos])) ++pos;
-    if (pos == begin) {
-      if (pos < tekst.size() && tekst[pos] != '>') ++pos;
-      continue;
-    }
-    std::string naam = Klein(tekst.substr(begin, pos - begin));
-    SlaSpatiesOver(tekst, pos);
-    std::string waarde;
-    if (pos < tekst.size() && tekst[pos] == '=') {
-      ++pos;
-      SlaSpatiesOver(tekst, pos);
-      waarde = LeesWaarde(tekst, pos);
-    }
-    tag.attributen.emplace_back(std::move(naam), std::move(waarde));
-  }
-  if (pos < tekst.size()) ++pos;
-  return tag;
-}
-
-// The tags of a page; comments skipped, script contents not read as tags.
-std::vector<Tag> Tags(std::string_view tekst) {
-  std::vector<Tag> tags;
-  std::size_t pos = 0;
-  while ((pos = tekst.find('<', pos)) != std::string_view::npos) {
-    if (tekst.substr(pos, 4) == "<!--") {
-      const std::size_t einde = tekst.find("-->", pos + 4);
-      pos = einde == std::string_view::npos ? tekst.size() : einde + 3;
-      continue;
-    }
-    const char volgend = pos + 1 < tekst.size() ? tekst[pos + 1] : '\0';
-    if (!std::isalpha(static_cast<unsigned char>(volgend)) && volgend != '/') {
-      ++pos;
-      continue;
-    }
-    tags.push_back(LeesTag(tekst, pos));
-    if (tags.back().naam == "script") {
-      const std::size_t einde = Klein(tekst).find("</script", pos);
-      pos = einde == std::string::npos ? tekst.size() : einde;
+// Every attribute of every tag, names in lower case, values unquoted.
+std::vector<Attribuut> Attributen(const std::string& pagina) {
+  static const std::regex kTag(R"(<([a-zA-Z][\w-]*)((?:[^>"']|"[^"]*"|'[^']*')*)>)");
+  static const std::regex kAttribuut(R"re(([^\s=>/"']+)(?:\s*=\s*("[^"]*"|'[^']*'|[^\s>]+))?)re");
+  std::vector<Attribuut> attributen;
+  const std::string tekst = ZonderCommentaarEnScripts(pagina);
+  for (std::sregex_iterator tag(tekst.begin(), tekst.end(), kTag), einde; tag != einde; ++tag) {
+    const std::string inhoud = (*tag)[2];
+    for (std::sregex_iterator a(inhoud.begin(), inhoud.end(), kAttribuut); a != einde; ++a) {
+      std::string waarde = (*a)[2];
+      if (!waarde.empty() && (waarde[0] == '"' || waarde[0] == '\'')) waarde = waarde.substr(1, waarde.size() - 2);
+      attributen.push_back({Klein((*tag)[1]), Klein((*a)[1]), waarde});
     }
   }
-  return tags;
+  return attributen;
 }
 
-std::vector<std::string> Links(const std::vector<Tag>& tags) {
+std::vector<std::string> Links(const std::string& naam, const std::string& tekst) {
   std::vector<std::string> links;
-  for (const Tag& tag : tags) {
-    for (const auto& [naam, waarde] : tag.attributen) {
-      if (naam == "href" || naam == "src") links.push_back(waarde);
-      if (tag.naam == "option" && naam == "value" &&
-          Klein(waarde).find(".htm") != std::string::npos) {
-        links.push_back(waarde);
-      }
-      constexpr std::string_view kScriptLink = "location.href='";
-      const std::size_t begin = waarde.find(kScriptLink);
-      if (begin != std::string::npos) {
-        const std::size_t start = begin + kScriptLink.size();
-        links.push_back(waarde.substr(start, waarde.find('\'', start) - start));
-      }
+  if (Klein(naam).ends_with(".css")) {
+    static const std::regex kUrl(R"(url\(\s*["']?([^"')\s]*))");
+    for (std::sregex_iterator url(tekst.begin(), tekst.end(), kUrl), einde; url != einde; ++url) {
+      links.push_back((*url)[1]);
     }
   }
-  return links;
-}
-
-std::set<std::string> Ankers(const std::vector<Tag>& tags) {
-  std::set<std::string> ankers;
-  for (const Tag& tag : tags) {
-    for (const auto& [naam, waarde] : tag.attributen) {
-      if (naam == "name" || naam == "id") ankers.insert(waarde);
+  if (!IsPagina(naam)) return links;
+  for (const Attribuut& a : Attributen(tekst)) {
+    if (a.naam == "href" || a.naam == "src") links.push_back(a.waarde);
+    if (a.tag == "option" && a.naam == "value" && Klein(a.waarde).find(".htm") != std::string::npos) {
+      links.push_back(a.waarde);
     }
-  }
-  return ankers;
-}
-
-std::vector<std::string> CssLinks(std::string_view tekst) {
-  std::vector<std::string> links;
-  for (std::size_t pos = 0; (pos = tekst.find("url(", pos)) != std::string_view::npos;) {
-    pos += 4;
-    const std::size_t einde = tekst.find(')', pos);
-    if (einde == std::string_view::npos) break;
-    std::string link(tekst.substr(pos, einde - pos));
-    std::erase_if(link, [](char c) { return c == '"' || c == '\'' || c == ' '; });
-    links.push_back(link);
-    pos = einde;
+    // A button: onClick="self.location.href='kbovz.html';".
+    if (const std::size_t begin = a.waarde.find("location.href='"); begin != std::string::npos) {
+      const std::size_t start = begin + 15;
+      links.push_back(a.waarde.substr(start, a.waarde.find('\'', start) - start));
+    }
   }
   return links;
 }
 
 bool HeeftSchema(const std::string& link) {
-  if (link.starts_with("//")) return true;
   const std::size_t dubbele_punt = link.find(':');
-  return dubbele_punt != std::string::npos && link.find_first_of("/#?") > dubbele_punt;
+  return link.starts_with("//") ||
+         (dubbele_punt != std::string::npos && link.find_first_of("/#?") > dubbele_punt);
 }
 
-struct Site {
-  std::string map;
-  std::map<std::string, std::set<std::string>> ankers;  // per page file name
-
-  const std::set<std::string>* AnkersVan(const std::string& pagina) {
-    if (!IsPagina(pagina)) return nullptr;
-    auto found = ankers.find(pagina);
-    if (found == ankers.end()) {
-      found = ankers.emplace(pagina, Ankers(Tags(ReadBytes(map + pagina)))).first;
+// "%22" and the like back to the bytes they stand for, as a browser does.
+std::string ProcentGedecodeerd(const std::string& link) {
+  std::string uit;
+  for (std::size_t i = 0; i < link.size(); ++i) {
+    if (link[i] == '%' && i + 2 < link.size() && std::isxdigit(static_cast<unsigned char>(link[i + 1])) &&
+        std::isxdigit(static_cast<unsigned char>(link[i + 2]))) {
+      uit += static_cast<char>(std::stoi(link.substr(i + 1, 2), nullptr, 16));
+      i += 2;
+    } else {
+      uit += link[i];
     }
-    return &found->second;
   }
-
-  bool Vindbaar(const std::string& pagina, const std::string& link) {
-    if (HeeftSchema(link)) return true;
-    const std::size_t hekje = link.find('#');
-    std::string bestand = link.substr(0, std::min(hekje, link.find('?')));
-    const std::string anker = hekje == std::string::npos ? "" : link.substr(hekje + 1);
-    if (bestand.empty()) bestand = pagina;
-    if (!fs::is_regular_file(map + bestand)) return false;
-    if (anker.empty()) return true;
-    const std::set<std::string>* doel = AnkersVan(bestand);
-    return doel != nullptr && doel->contains(anker);
-  }
-};
-
-std::vector<std::string> Bestanden(const std::string& map) {
-  std::vector<std::string> namen;
-  for (const auto& entry : fs::directory_iterator(map)) {
-    if (entry.is_regular_file()) namen.push_back(entry.path().filename().string());
-  }
-  std::sort(namen.begin(), namen.end());
-  return namen;
+  return uit;
 }
 
 // Every link of the folder with the page it stands on.
 std::vector<std::pair<std::string, std::string>> AlleLinks(const std::string& map) {
   std::vector<std::pair<std::string, std::string>> alle;
-  for (const std::string& naam : Bestanden(map)) {
-    std::vector<std::string> links;
-    if (IsPagina(naam)) links = Links(Tags(ReadBytes(map + naam)));
-    if (Klein(naam).ends_with(".css")) links = CssLinks(ReadBytes(map + naam));
-    for (std::string& link : links) alle.emplace_back(naam, std::move(link));
+  for (const std::string& naam : BestandenIn(map)) {
+    for (std::string& link : Links(naam, ReadBytes(map + naam))) alle.emplace_back(naam, std::move(link));
   }
   return alle;
 }
@@ -209,10 +116,23 @@ std::vector<std::pair<std::string, std::string>> AlleLinks(const std::string& ma
 }  // namespace
 
 std::vector<std::string> OnvindbareLinks(const std::string& map) {
-  Site site{map, {}};
+  std::map<std::string, std::set<std::string>> ankers;  // per page
   std::vector<std::string> onvindbaar;
   for (const auto& [pagina, link] : AlleLinks(map)) {
-    if (!site.Vindbaar(pagina, link)) onvindbaar.push_back(pagina + ": " + link);
+    if (HeeftSchema(link)) continue;
+    const std::size_t hekje = link.find('#');
+    std::string bestand = ProcentGedecodeerd(link.substr(0, std::min(hekje, link.find('?'))));
+    if (bestand.empty()) bestand = pagina;
+    bool vindbaar = std::filesystem::is_regular_file(map + bestand);
+    if (vindbaar && hekje != std::string::npos && hekje + 1 < link.size()) {
+      if (!ankers.contains(bestand) && IsPagina(bestand)) {
+        for (const Attribuut& a : Attributen(ReadBytes(map + bestand))) {
+          if (a.naam == "name" || a.naam == "id") ankers[bestand].insert(a.waarde);
+        }
+      }
+      vindbaar = ankers[bestand].contains(link.substr(hekje + 1));
+    }
+    if (!vindbaar) onvindbaar.push_back(pagina + ": " + link);
   }
   return onvindbaar;
 }

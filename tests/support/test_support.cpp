@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
@@ -37,6 +38,15 @@ void WriteBytes(const std::string& path, std::string_view bytes) {
   std::ofstream out(path, std::ios::binary | std::ios::trunc);
   out.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
   if (!out) throw std::runtime_error("cannot write " + path);
+}
+
+std::vector<std::string> BestandenIn(const std::string& map) {
+  std::vector<std::string> namen;
+  for (const auto& entry : std::filesystem::directory_iterator(map)) {
+    if (entry.is_regular_file()) namen.push_back(entry.path().filename().string());
+  }
+  std::sort(namen.begin(), namen.end());
+  return namen;
 }
 
 std::string TestDataDir() { return std::string(KIEKBORD_TEST_DATA_DIR) + "/"; }

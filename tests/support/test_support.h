@@ -4,6 +4,7 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace kiekbord::test {
 
@@ -24,6 +25,9 @@ class TempDir {
 
 std::string ReadBytes(const std::string& path);
 void WriteBytes(const std::string& path, std::string_view bytes);
+
+// The names of the files in `map`, sorted.
+std::vector<std::string> BestandenIn(const std::string& map);
 
 // The directory of the tests' own data files, ending in "/".
 std::string TestDataDir();

@@ -16,7 +16,6 @@
 #include <QListWidget>
 #include <QLocale>
 #include <QMenu>
-#include <QMenuBar>
 #include <QMessageBox>
 #include <QPlainTextEdit>
 #include <QProgressBar>
@@ -30,13 +29,10 @@
 
 #include "app/library_versions.h"
 #include "app/program_directory.h"
-#include "app/program_settings.h"
 #include "images/library_choice.h"
 #include "tests/ui/ui_fakes.h"
-#include "ui/common_dialogs.h"
 #include "ui/generation_progress.h"
 #include "ui/main_window.h"
-#include "ui/message_boxes.h"
 #include "ui/options_dialog.h"
 #include "ui/resize_dialog.h"
 
@@ -46,8 +42,10 @@ using namespace kiekbord;
 
 QString doelmap;
 
-void Bewaar(QWidget* widget, const QString& naam) {
-  const QString pad = doelmap + QLatin1Char('/') + naam + QStringLiteral(".png");
+// Saves a picture of `widget` once pending events have been handled.
+void Bewaar(QWidget* widget, const char* naam) {
+  QApplication::processEvents();
+  const QString pad = doelmap + QLatin1Char('/') + QLatin1String(naam) + QStringLiteral(".png");
   if (!widget->grab().save(pad)) std::fprintf(stderr, "kan %s niet bewaren\n", qPrintable(pad));
   std::printf("%s\n", qPrintable(pad));
 }
@@ -55,34 +53,45 @@ void Bewaar(QWidget* widget, const QString& naam) {
 // Waits for the next modal window of type T, photographs it and hands it to
 // `daarna`, which closes it.
 template <typename T>
-void ZodraGeopend(const QString& naam, std::function<void(T*)> daarna) {
+void ZodraGeopend(const char* naam, std::function<void(T*)> daarna) {
   QTimer::singleShot(30, [naam, daarna] {
     T* venster = qobject_cast<T*>(QApplication::activeModalWidget());
-    if (venster == nullptr || !venster->isVisible()) {
-      ZodraGeopend<T>(naam, daarna);
-      return;
-    }
+    if (venster == nullptr || !venster->isVisible()) return ZodraGeopend<T>(naam, daarna);
     Bewaar(venster, naam);
     daarna(venster);
   });
 }
 
-void Klik(QMessageBox* box, const QString& knop) {
+void Klik(QMessageBox* box, const char* knop) {
   for (QAbstractButton* b : box->buttons()) {
-    if (b->text() == knop) b->click();
+    if (b->text() == QLatin1String(knop)) b->click();
   }
 }
 
-void Menu(QMenu* menu, QWidget* bij, const QString& naam) {
-  menu->popup(bij->mapToGlobal(QPoint(0, bij->height())));
-  QApplication::processEvents();
-  Bewaar(menu, naam);
-  menu->close();
+// Answers the next message box with the button `knop`.
+void Antwoord(const char* naam, const char* knop) {
+  ZodraGeopend<QMessageBox>(naam, [knop](QMessageBox* box) { Klik(box, knop); });
+}
+
+// Chooses `pad` in the next file dialog, then runs `daarna`.
+void KiesBestand(const char* naam, const QString& pad, std::function<void()> daarna = {}) {
+  ZodraGeopend<QFileDialog>(naam, [pad, daarna](QFileDialog* dialoog) {
+    dialoog->selectFile(pad);
+    QMetaObject::invokeMethod(dialoog, "accept");
+    if (daarna) daarna();
+  });
+}
+
+void Menu(QWidget* venster, const char* menu, QWidget* bij, const char* naam) {
+  auto* m = venster->findChild<QMenu*>(QLatin1String(menu));
+  m->popup(bij->mapToGlobal(QPoint(0, bij->height())));
+  Bewaar(m, naam);
+  m->close();
 }
 
 template <typename T>
 T* W(QWidget* venster, const char* naam) {
-  return venster->findChild<T*>(QString::fromLatin1(naam));
+  return venster->findChild<T*>(QLatin1String(naam));
 }
 
 }  // namespace
@@ -97,20 +106,18 @@ int main(int argc, char** argv) {
   const QDir fotomap(QString::fromLocal8Bit(argv[2]));
   QDir().mkpath(doelmap);
   QTranslator vertaling;
-  if (vertaling.load(QLocale(QLocale::Dutch), QStringLiteral("qtbase"), QStringLiteral("_"),
-                     QLibraryInfo::path(QLibraryInfo::TranslationsPath))) {
+  if (vertaling.load(QLocale(QLocale::Dutch), "qtbase", "_", QLibraryInfo::path(QLibraryInfo::TranslationsPath))) {
     QApplication::installTranslator(&vertaling);
   }
 
   QTemporaryDir tmp;
-  const QString in = tmp.filePath(QStringLiteral("Vakantie"));
-  const QString uit = tmp.filePath(QStringLiteral("site"));
+  const QString in = tmp.filePath("Vakantie"), uit = tmp.filePath("site");
   QDir().mkpath(in);
   QDir().mkpath(uit);
   int nummer = 0;
-  for (const QString& naam : fotomap.entryList({QStringLiteral("*.jpg")}, QDir::Files)) {
-    if (nummer == 5) break;
-    QFile::copy(fotomap.filePath(naam), in + QStringLiteral("/IMG_%1.JPG").arg(++nummer, 4, 10, QLatin1Char('0')));
+  for (const QString& naam : fotomap.entryList({"*.jpg"}, QDir::Files)) {
+    if (++nummer > 5) break;
+    QFile::copy(fotomap.filePath(naam), in + QStringLiteral("/IMG_%1.JPG").arg(nummer, 4, 10, QLatin1Char('0')));
   }
 
   QtMeldingen meldingen;
@@ -118,7 +125,6 @@ int main(int argc, char** argv) {
   test::TestBureaublad bureaublad;
   test::TestOpslag opslag;
   opslag.Schrijf("Exit", "Question", "0");
-
   VensterDiensten d;
   d.settings = LeesProgrammaInstellingen(FindProgramDirectory(), QDir::homePath().toStdString() + "/");
   d.meldingen = &meldingen;
@@ -127,116 +133,85 @@ int main(int argc, char** argv) {
   d.opslag = &opslag;
   d.os_naam = BepaalOsNaam();
   d.enige_exemplaar = [] { return true; };
-  d.info.programma = d.settings.caption;
-  d.info.revisie = 42;
-  d.info.os_naam = BepaalOsNaam();
-  d.info.bibliotheken = BeeldBibliotheekVersies();
-  d.info.icoon = d.settings.program_dir + "kbicon.gif";
+  d.info = {d.settings.caption, 42, BepaalOsNaam(), BeeldBibliotheekVersies(), d.settings.program_dir + "kbicon.gif"};
   bool voortgang_bewaard = false;
   d.voortgang_geopend = [&voortgang_bewaard](VoortgangDialoog& dialoog) {
-    QObject::connect(dialoog.voortgangsBalk(), &QProgressBar::valueChanged, &dialoog, [&dialoog, &voortgang_bewaard](int waarde) {
+    QObject::connect(dialoog.voortgangsBalk(), &QProgressBar::valueChanged, &dialoog, [&](int waarde) {
       if (voortgang_bewaard || waarde < 2) return;
       voortgang_bewaard = true;
-      Bewaar(&dialoog, QStringLiteral("15-voortgang"));
+      Bewaar(&dialoog, "15-voortgang");
     });
   };
-
   const ProgramSettings instellingen = d.settings;
   MainWindow w(std::move(d));
   w.show();
-  QApplication::processEvents();
-  Bewaar(&w, QStringLiteral("01-stap1-leeg"));
+  Bewaar(&w, "01-stap1-leeg");
 
-  W<QLineEdit>(&w, "txtTitel")->setText(QStringLiteral("Zomer aan zee"));
-  W<QLineEdit>(&w, "txtSubtitel")->setText(QStringLiteral("Een week op Texel"));
-  W<QLineEdit>(&w, "txtDatum")->setText(QStringLiteral("juli 2026"));
-  W<QPlainTextEdit>(&w, "txtBeschrijving")->setPlainText(QStringLiteral("Zon, zee en strand.\nEn elke avond vis."));
+  W<QLineEdit>(&w, "txtTitel")->setText("Zomer aan zee");
+  W<QLineEdit>(&w, "txtSubtitel")->setText("Een week op Texel");
+  W<QLineEdit>(&w, "txtDatum")->setText("juli 2026");
+  W<QPlainTextEdit>(&w, "txtBeschrijving")->setPlainText("Zon, zee en strand.\nEn elke avond vis.");
   W<QLineEdit>(&w, "txtInvoerDir")->setText(in + QLatin1Char('/'));
-  W<QLineEdit>(&w, "txtUitvoerDir")->setText(tmp.filePath(QStringLiteral("bestaat-niet")));
+  W<QLineEdit>(&w, "txtUitvoerDir")->setText(tmp.filePath("bestaat-niet"));
   W<QLineEdit>(&w, "txtUitvoerDir")->editingFinished();
   W<QCheckBox>(&w, "chkThumbnails")->setChecked(true);
-  QApplication::processEvents();
-  Bewaar(&w, QStringLiteral("02-stap1-ingevuld"));
-
-  ZodraGeopend<QFileDialog>(QStringLiteral("03-mapkiezer"), [&](QFileDialog* dlg) {
-    dlg->selectFile(uit);
-    QMetaObject::invokeMethod(dlg, "accept");
-  });
+  Bewaar(&w, "02-stap1-ingevuld");
+  KiesBestand("03-mapkiezer", uit);
   W<QPushButton>(&w, "cmdUitvoer")->click();
-  Menu(W<QMenu>(&w, "mnuBestand"), &w, QStringLiteral("04-menu-bestand"));
+  Menu(&w, "mnuBestand", &w, "04-menu-bestand");
 
-  ZodraGeopend<QMessageBox>(QStringLiteral("05-kopieervraag"), [](QMessageBox* box) { Klik(box, QStringLiteral("Ja")); });
+  Antwoord("05-kopieervraag", "Ja");
   w.Volgende();
-  QApplication::processEvents();
   W<QListWidget>(&w, "lstFotos")->setCurrentRow(1);
-  W<QLineEdit>(&w, "txtBijschrift")->setText(QStringLiteral("Het strand bij De Koog"));
-  QApplication::processEvents();
-  Bewaar(&w, QStringLiteral("06-stap2"));
-  Menu(W<QMenu>(&w, "mnuBewerken"), &w, QStringLiteral("07-menu-bewerken"));
+  W<QLineEdit>(&w, "txtBijschrift")->setText("Het strand bij De Koog");
+  Bewaar(&w, "06-stap2");
+  Menu(&w, "mnuBewerken", &w, "07-menu-bewerken");
   const QSize gewoon = w.size();
   w.resize(1180, 820);
-  QApplication::processEvents();
-  W<QListWidget>(&w, "lstFotos")->setCurrentRow(2);
-  QApplication::processEvents();
-  Bewaar(&w, QStringLiteral("08-stap2-groot"));
+  Bewaar(&w, "08-stap2-groot");
   w.resize(w.minimumSizeHint());
-  QApplication::processEvents();
-  W<QListWidget>(&w, "lstFotos")->setCurrentRow(0);
-  QApplication::processEvents();
-  Bewaar(&w, QStringLiteral("09-stap2-klein"));
+  Bewaar(&w, "09-stap2-klein");
   w.resize(gewoon);
 
   w.Volgende();
-  QApplication::processEvents();
-  Bewaar(&w, QStringLiteral("10-stap3"));
-  Menu(W<QMenu>(&w, "mnuKleurGebruik"), W<QPushButton>(&w, "cmdKleurGebruik"), QStringLiteral("11-kleurmenu"));
-  ZodraGeopend<QColorDialog>(QStringLiteral("12-kleurdialoog"), [](QColorDialog* dlg) {
-    dlg->setCurrentColor(Qt::black);
-    dlg->accept();
-    ZodraGeopend<QMessageBox>(QStringLiteral("13-kleurweigering"), [](QMessageBox* box) { Klik(box, QStringLiteral("OK")); });
+  Bewaar(&w, "10-stap3");
+  Menu(&w, "mnuKleurGebruik", W<QPushButton>(&w, "cmdKleurGebruik"), "11-kleurmenu");
+  ZodraGeopend<QColorDialog>("12-kleurdialoog", [](QColorDialog* dialoog) {
+    dialoog->setCurrentColor(Qt::black);
+    dialoog->accept();
+    Antwoord("13-kleurweigering", "OK");
   });
   W<QAction>(&w, "mnuKleurGebruikAchtergrond")->trigger();
 
-  ZodraGeopend<QMessageBox>(QStringLiteral("14-opslaanvraag"), [&](QMessageBox* box) {
-    Klik(box, QStringLiteral("Ja"));
-    ZodraGeopend<QFileDialog>(QStringLiteral("14b-opslaan-als"), [&](QFileDialog* dlg) {
-      dlg->selectFile(tmp.filePath(QStringLiteral("Zomer.kbs")));
-      QMetaObject::invokeMethod(dlg, "accept");
-      ZodraGeopend<QMessageBox>(QStringLiteral("16-resultaatvraag"), [](QMessageBox* b) { Klik(b, QStringLiteral("Nee")); });
-    });
+  ZodraGeopend<QMessageBox>("14-opslaanvraag", [&](QMessageBox* box) {
+    KiesBestand("14b-opslaan-als", tmp.filePath("Zomer.kbs"), [] { Antwoord("16-resultaatvraag", "Nee"); });
+    Klik(box, "Ja");
   });
   w.Voltooien();
-  QApplication::processEvents();
-  Bewaar(&w, QStringLiteral("17-na-voltooien"));
+  Bewaar(&w, "17-na-voltooien");
 
   // The resize dialog on a photo of the site, as it opens with the size
-  // remembered from before and after a new width is typed, and the options
-  // dialog.
+  // remembered from before and after a new width is typed; the options
+  // dialog; the About window.
   const QDir site(W<QLineEdit>(&w, "txtUitvoerDir")->text());
-  const QStringList fotos = site.entryList({QStringLiteral("img_????.jpg")}, QDir::Files);
+  const QStringList fotos = site.entryList({"img_????.jpg"}, QDir::Files);
   if (!fotos.isEmpty()) {
     opslag.Schrijf("Verkleinen", "Breedte", "1024");
     opslag.Schrijf("Verkleinen", "Hoogte", "768");
     VerkleinDialoog verklein(site.filePath(fotos.front()).toStdString(), opslag, meldingen, &w);
     verklein.show();
-    QApplication::processEvents();
-    Bewaar(&verklein, QStringLiteral("19-verkleinen"));
-    auto* breedte = W<QLineEdit>(&verklein, "txtBreedteNieuw");
+    Bewaar(&verklein, "19-verkleinen");
     verklein.activateWindow();
-    breedte->setFocus();
+    W<QLineEdit>(&verklein, "txtBreedteNieuw")->setFocus();
     QApplication::processEvents();
-    breedte->setText(QStringLiteral("640"));
-    QApplication::processEvents();
-    Bewaar(&verklein, QStringLiteral("20-verkleinen-ingevuld"));
+    W<QLineEdit>(&verklein, "txtBreedteNieuw")->setText("640");
+    Bewaar(&verklein, "20-verkleinen-ingevuld");
   }
-  {
-    OptiesDialoog opties(opslag, instellingen, bureaublad, dialogen, meldingen, false, &w);
-    opties.show();
-    QApplication::processEvents();
-    Bewaar(&opties, QStringLiteral("21-opties"));
-  }
-
-  ZodraGeopend<QDialog>(QStringLiteral("18-info"), [](QDialog* dlg) { dlg->accept(); });
+  OptiesDialoog opties(opslag, instellingen, bureaublad, dialogen, meldingen, false, &w);
+  opties.show();
+  Bewaar(&opties, "21-opties");
+  opties.close();
+  ZodraGeopend<QDialog>("18-info", [](QDialog* dialoog) { dialoog->accept(); });
   W<QAction>(&w, "mnuHelpInfo")->trigger();
   return voortgang_bewaard ? 0 : 1;
 }

@@ -19,70 +19,98 @@
 
 namespace kiekbord::test {
 
+// The next answer from `rij`; an empty list answers "Nee" or "Annuleren".
+template <typename T>
+T Volgende(std::deque<T>& rij) {
+  if (rij.empty()) return T{};
+  T waarde = std::move(rij.front());
+  rij.pop_front();
+  return waarde;
+}
+
 class TestMeldingen : public Meldingen {
  public:
+  void Toon(QWidget*, const Melding& melding) override { getoond.push_back({melding, false}); }
+  bool Vraag(QWidget*, const Melding& melding) override {
+    getoond.push_back({melding, true});
+    return Volgende(antwoorden);
+  }
+  // The texts shown, in order.
+  std::vector<std::string> Teksten() const {
+    std::vector<std::string> teksten;
+    for (const auto& g : getoond) teksten.push_back(g.melding.tekst);
+    return teksten;
+  }
   struct Getoond {
     Melding melding;
     bool vraag = false;
   };
-  void Toon(QWidget* ouder, const Melding& melding) override;
-  bool Vraag(QWidget* ouder, const Melding& melding) override;
-
-  // The answers to the next questions, in order. A question with no answer
-  // left counts as "Nee" and is recorded in `onbeantwoord`.
   std::deque<bool> antwoorden;
   std::vector<Getoond> getoond;
-  int onbeantwoord = 0;
-
-  // The texts shown, in order.
-  std::vector<std::string> Teksten() const;
 };
 
+// Each dialog records where it started (a file dialog's directory, the
+// colour a colour dialog starts on) and returns the next answer of its list.
 class TestDialogen : public Dialogen {
  public:
-  std::string ScriptOpenen(QWidget* ouder, const std::string& map) override;
-  std::string ScriptOpslaanAls(QWidget* ouder, const std::string& map, const std::string& naam) override;
-  std::string MapKiezen(QWidget* ouder, const std::string& titel, const std::string& map) override;
-  std::vector<std::string> FotosKiezen(QWidget* ouder, const std::string& map) override;
-  std::optional<QColor> KleurKiezen(QWidget* ouder, const std::string& titel, const QColor& huidig) override;
-  std::string FotoprogrammaKiezen(QWidget* ouder, const std::string& huidig) override;
+  std::string ScriptOpenen(QWidget*, const std::string& map) override { return Open(map, te_openen); }
+  std::string ScriptOpslaanAls(QWidget*, const std::string& map, const std::string& naam) override {
+    voorgestelde_namen.push_back(naam);
+    return Open(map, op_te_slaan);
+  }
+  std::string MapKiezen(QWidget*, const std::string&, const std::string& map) override { return Open(map, mappen); }
+  std::vector<std::string> FotosKiezen(QWidget*, const std::string& map) override { return Open(map, fotos); }
+  std::optional<QColor> KleurKiezen(QWidget*, const std::string&, const QColor& huidig) override {
+    kleur_start.push_back(huidig);
+    ++aantal;
+    return Volgende(kleuren);
+  }
+  std::string FotoprogrammaKiezen(QWidget*, const std::string& huidig) override {
+    return Open(huidig, fotoprogrammas);
+  }
 
-  // What the next dialogs return; empty lists stand for "Annuleren".
-  std::deque<std::string> te_openen;
-  std::deque<std::string> op_te_slaan;
-  std::deque<std::string> mappen;
+  std::deque<std::string> te_openen, op_te_slaan, mappen, fotoprogrammas;
   std::deque<std::vector<std::string>> fotos;
   std::deque<std::optional<QColor>> kleuren;
-  std::deque<std::string> fotoprogrammas;
-
-  // What the dialogs were opened with.
-  std::vector<std::string> geopend_in;        // start directory of each file dialog
-  std::vector<std::string> voorgestelde_namen;  // file name offered by save as
-  std::vector<QColor> kleur_start;             // colour each colour dialog started on
+  std::vector<std::string> geopend_in, voorgestelde_namen;
+  std::vector<QColor> kleur_start;
   int aantal = 0;
+
+ private:
+  template <typename T>
+  T Open(const std::string& map, std::deque<T>& antwoorden) {
+    ++aantal;
+    geopend_in.push_back(map);
+    return Volgende(antwoorden);
+  }
 };
 
 class TestBureaublad : public Bureaublad {
  public:
-  void OpenAddress(QWidget* ouder, const std::string& adres, bool lopende_browser) override;
-  void OpenLog(QWidget* ouder, const std::string& pad) override;
-  std::string FindBrowser(const std::string& adres) override;
-  bool StartProgramma(const std::string& programma, const std::vector<std::string>& argumenten) override;
-  std::vector<std::string> adressen;
-  std::vector<std::string> logs;
-  // What FindBrowser answers, and how often it was asked.
-  std::string browser = "/usr/bin/firefox";
-  int browser_gezocht = 0;
-  // The programs started, each with its arguments; `start_lukt` false makes
-  // every start fail.
-  std::vector<std::vector<std::string>> gestart;
+  void OpenAddress(QWidget*, const std::string& adres, bool) override { adressen.push_back(adres); }
+  void OpenLog(QWidget*, const std::string& pad) override { logs.push_back(pad); }
+  std::string FindBrowser(const std::string&) override { return browser; }
+  bool StartProgramma(const std::string& programma, const std::vector<std::string>& argumenten) override {
+    gestart.push_back(programma);
+    gestart.insert(gestart.end(), argumenten.begin(), argumenten.end());
+    return start_lukt;
+  }
+  std::vector<std::string> adressen, logs;
+  std::string browser = "/usr/bin/firefox";  // what FindBrowser answers
+  std::vector<std::string> gestart;          // each program started, then its arguments
   bool start_lukt = true;
 };
 
 class TestOpslag : public VoorkeurenOpslag {
  public:
-  std::optional<std::string> Lees(std::string_view sectie, std::string_view sleutel) const override;
-  void Schrijf(std::string_view sectie, std::string_view sleutel, std::string_view waarde) override;
+  std::optional<std::string> Lees(std::string_view sectie, std::string_view sleutel) const override {
+    const auto it = waarden.find(std::string(sectie) + "/" + std::string(sleutel));
+    if (it == waarden.end()) return std::nullopt;
+    return it->second;
+  }
+  void Schrijf(std::string_view sectie, std::string_view sleutel, std::string_view waarde) override {
+    waarden[std::string(sectie) + "/" + std::string(sleutel)] = std::string(waarde);
+  }
   std::map<std::string, std::string> waarden;  // "Sectie/Sleutel" -> value
 };
 
