@@ -23,8 +23,7 @@ std::string Location(const LineTable& ini, const char* section, const std::strin
 
 std::string FileType(const LineTable& ini, const char* section, const std::string& current) {
   std::string type = LeesWaarde(ini, section, "Bestandstype", current);
-  if (!StartsWith(type, ".")) type.insert(0, ".");
-  return type;
+  return StartsWith(type, ".") ? type : "." + type;
 }
 
 bool Switch(const LineTable& ini, const char* section, const char* key) {

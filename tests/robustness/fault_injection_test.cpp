@@ -10,6 +10,7 @@
 
 #include <algorithm>
 #include <atomic>
+#include <ostream>
 #include <set>
 
 #include "gallery/text.h"
@@ -40,6 +41,9 @@ struct Storing {
   bool pixel_bibliotheek = false;
   const char* melding = "";  // the first failure message shown, if any
 };
+
+// Test listings show the scenario's name rather than the struct's bytes.
+void PrintTo(const Storing& storing, std::ostream* os) { *os << storing.naam; }
 
 class StoringsSchijf : public ForwardingFileSystem {
  public:
