@@ -57,13 +57,8 @@ std::int32_t& KleurVan(GalleryScript& script, KleurRol rol) {
 }
 
 std::int32_t KleurVan(const GalleryScript& script, KleurRol rol) {
-  switch (rol) {
-    case KleurRol::kTekstOpAchtergrond: return script.kleur_tekst_op_achtergrond;
-    case KleurRol::kAchtergrond: return script.kleur_achtergrond;
-    case KleurRol::kTekstInKader: return script.kleur_tekst_in_kader;
-    case KleurRol::kKader: break;
-  }
-  return script.kleur_kader;
+  // The same field as for a script that may change; reading it changes nothing.
+  return KleurVan(const_cast<GalleryScript&>(script), rol);
 }
 
 std::int32_t PartnerKleur(const GalleryScript& script, KleurRol rol) { return KleurVan(script, Partner(rol)); }

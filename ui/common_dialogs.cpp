@@ -4,8 +4,17 @@
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QScreen>
 
 namespace kiekbord {
+
+void CentreerOpScherm(QWidget& venster) {
+  const QScreen* scherm = venster.screen();
+  if (scherm == nullptr) return;
+  const QRect vlak = scherm->availableGeometry();
+  venster.move(vlak.x() + (vlak.width() - venster.frameGeometry().width()) / 2,
+               vlak.y() + (vlak.height() - venster.frameGeometry().height()) / 2);
+}
 namespace {
 
 const QString kScriptFilter = QStringLiteral("Kiekbord script (*.kbs)");

@@ -13,6 +13,10 @@ class QWidget;
 
 namespace kiekbord {
 
+// Puts a window in the middle of its screen's free area (the first time a
+// dialog shows, before a window manager might place it elsewhere).
+void CentreerOpScherm(QWidget& venster);
+
 class Dialogen {
  public:
   virtual ~Dialogen() = default;

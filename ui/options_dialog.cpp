@@ -9,7 +9,6 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
-#include <QScreen>
 #include <QVBoxLayout>
 
 #include "app/user_preferences.h"
@@ -134,11 +133,7 @@ void OptiesDialoog::showEvent(QShowEvent* event) {
   QDialog::showEvent(event);
   if (gecentreerd_) return;
   gecentreerd_ = true;
-  if (const QScreen* scherm = screen()) {
-    const QRect vlak = scherm->availableGeometry();
-    move(vlak.x() + (vlak.width() - frameGeometry().width()) / 2,
-         vlak.y() + (vlak.height() - frameGeometry().height()) / 2);
-  }
+  CentreerOpScherm(*this);
   // Where no window manager activates the dialog, showing it counts.
   StelFotoprogrammaVoor();
 }

@@ -11,13 +11,13 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
-#include <QScreen>
 #include <QTimer>
 #include <QValidator>
 #include <QVBoxLayout>
 
 #include "editor/photo_edit.h"
 #include "images/photo_properties.h"
+#include "ui/common_dialogs.h"
 #include "ui/message_boxes.h"
 
 namespace kiekbord {
@@ -176,11 +176,7 @@ void VerkleinDialoog::showEvent(QShowEvent* event) {
   QDialog::showEvent(event);
   if (gecentreerd_) return;
   gecentreerd_ = true;
-  if (const QScreen* scherm = screen()) {
-    const QRect vlak = scherm->availableGeometry();
-    move(vlak.x() + (vlak.width() - frameGeometry().width()) / 2,
-         vlak.y() + (vlak.height() - frameGeometry().height()) / 2);
-  }
+  CentreerOpScherm(*this);
 }
 
 void VerkleinDialoog::BreedteGewijzigd(const QString& tekst) {
