@@ -1,7 +1,7 @@
 #include "app/browser_search.h"
 
-#include "gallery/file_system.h"
-#include "gallery/text.h"
+#include "base/file_system.h"
+#include "base/text.h"
 
 namespace kiekbord {
 namespace {

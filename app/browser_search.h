@@ -11,7 +11,7 @@
 #include <string_view>
 #include <vector>
 
-#include "gallery/melding.h"
+#include "base/melding.h"
 
 namespace kiekbord {
 

@@ -7,7 +7,7 @@
 #include <filesystem>
 #include <system_error>
 
-#include "gallery/file_system.h"
+#include "base/file_system.h"
 
 namespace kiekbord {
 

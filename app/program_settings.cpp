@@ -3,11 +3,11 @@
 #include <algorithm>
 #include <cmath>
 
-#include "app/program_info.h"
-#include "gallery/file_system.h"
-#include "gallery/keyed_text_file.h"
-#include "gallery/text.h"
-#include "generator/text_helpers.h"
+#include "base/program_info.h"
+#include "base/file_system.h"
+#include "base/keyed_text_file.h"
+#include "base/text.h"
+#include "base/text_helpers.h"
 
 namespace kiekbord {
 namespace {
@@ -62,7 +62,8 @@ ProgramSettings LeesProgrammaInstellingen(const std::string& program_dir,
   const std::string ini_path = s.program_dir + "KBord.ini";
   if (Fs().FileExists(ini_path)) {
     LineTable ini(capaciteit::kIni);
-    LeesRegels(ini_path, ini, false);
+    // An unreadable file reads as an empty table, so every default applies.
+    static_cast<void>(LeesRegels(ini_path, ini, false));
     ApplyIni(ini, s);
   }
   s.default_dir = WithTrailingSlash(home_dir);

@@ -4,10 +4,10 @@
 #include <filesystem>
 #include <system_error>
 
-#include "app/program_info.h"
-#include "gallery/file_system.h"
-#include "gallery/text.h"
-#include "generator/text_helpers.h"
+#include "base/program_info.h"
+#include "base/file_system.h"
+#include "base/text.h"
+#include "base/text_helpers.h"
 
 namespace kiekbord {
 

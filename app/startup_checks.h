@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "gallery/melding.h"
+#include "base/melding.h"
 
 namespace kiekbord {
 

@@ -3,7 +3,7 @@
 #include <cmath>
 #include <limits>
 
-#include "gallery/text.h"
+#include "base/text.h"
 
 namespace kiekbord {
 namespace {

@@ -22,10 +22,10 @@
 
 #include "app/program_directory.h"
 #include "app/program_settings.h"
-#include "gallery/dutch_date.h"
-#include "gallery/file_system.h"
-#include "gallery/text.h"
-#include "generator/generation_log.h"
+#include "base/dutch_date.h"
+#include "base/file_system.h"
+#include "base/text.h"
+#include "base/generation_log.h"
 #include "generator/head_and_credit.h"
 #include "generator/overview_page.h"
 #include "generator/photo_pages.h"
@@ -120,19 +120,21 @@ int Bench(const Opties& opties) {
   const ProgramSettings settings =
       LeesProgrammaInstellingen(FindProgramDirectory(), HomeDirectory());
   const SiteGegevens gegevens = Galerij(opties, settings, fotos);
-  SiteRun run{settings, gegevens, NavigatieTeksten{}, kGelukt, {}};
+  GenerationLog log;
+  StderrMelder melder;
+  SiteRun run{settings, gegevens, log, melder, NavigatieTeksten{}, kGelukt, {}};
   const KopEnCredit kop = KopEnCreditVoor(settings, VandaagLokaal());
 
-  SchrijfLog("open:" + opties.map + "kiekbord-bench.log");
+  log.SchrijfLog("open:" + opties.map + "kiekbord-bench.log");
   const ThumbnailOpties thumbnail_opties{settings.program_dir, 0, nullptr};
   bool thumbnail_fout = false;
   const double thumbnails = Seconden([&] {
     thumbnail_fout =
-        MaakThumbnails(opties.map, gegevens.AantalFotos(), gegevens.foto_namen, thumbnail_opties);
+        MaakThumbnails(opties.map, gegevens.AantalFotos(), gegevens.foto_namen, thumbnail_opties, log, melder);
   });
   const double overzicht = Seconden([&] { MaakOverzichtPagina(run, kop); });
   const double fotopaginas = Seconden([&] { MaakFotoPaginas(run, kop); });
-  SchrijfLog("close");
+  log.SchrijfLog("close");
   const bool pagina_fout = run.failed != kGelukt;
   if (!Verwijder(opties.map, Namen(opties.map, "kb*" + gegevens.ext)) || thumbnail_fout ||
       pagina_fout) {

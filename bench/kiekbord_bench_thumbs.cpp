@@ -23,9 +23,9 @@
 #include <vector>
 
 #include "app/program_directory.h"
-#include "gallery/file_system.h"
-#include "gallery/text.h"
-#include "generator/generation_log.h"
+#include "base/file_system.h"
+#include "base/text.h"
+#include "base/generation_log.h"
 #include "images/library_choice.h"
 #include "images/thumbnails.h"
 
@@ -108,18 +108,19 @@ bool EenRun(const char* naam, const Opties& opties, const std::string& program_d
             const std::vector<std::string>& fotos) {
   std::string laatste_regel;
   std::string teller_regel;
-  const ScopedLogObserver observer([&](const std::string& regel) {
+  GenerationLog log([&](const std::string& regel) {
     laatste_regel = regel;
     if (regel.find(" Thumbnails (opnieuw) aangemaakt.") != std::string::npos) teller_regel = regel;
   });
-  SchrijfLog("open:" + opties.map + "kiekbord-bench.log");
+  StderrMelder melder;
+  log.SchrijfLog("open:" + opties.map + "kiekbord-bench.log");
   const double processor_begin = ProcessorSeconden();
   const auto begin = std::chrono::steady_clock::now();
   const ThumbnailOpties thumbnail_opties{program_dir, opties.gelijktijdig, nullptr};
-  const bool fout = MaakThumbnails(opties.map, static_cast<int>(fotos.size()), fotos, thumbnail_opties);
+  const bool fout = MaakThumbnails(opties.map, static_cast<int>(fotos.size()), fotos, thumbnail_opties, log, melder);
   const std::chrono::duration<double> duur = std::chrono::steady_clock::now() - begin;
   const double processor = ProcessorSeconden() - processor_begin;
-  SchrijfLog("close");
+  log.SchrijfLog("close");
   if (fout) {
     std::cerr << "kiekbord-bench-thumbs: de thumbnail-run is mislukt: " << laatste_regel << "\n";
     return false;

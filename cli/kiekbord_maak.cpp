@@ -7,10 +7,10 @@
 #include <string_view>
 
 #include "app/program_directory.h"
-#include "app/program_info.h"
+#include "base/program_info.h"
 #include "app/program_settings.h"
 #include "cli/script_controle.h"
-#include "gallery/text.h"
+#include "base/text.h"
 #include "generator/generation_run.h"
 
 namespace {
@@ -48,8 +48,9 @@ int Generate(const std::string& script_path) {
     return kExitUsage;
   }
   const ProgramSettings settings = LeesProgrammaInstellingen(FindProgramDirectory(), HomeDirectory());
-  SiteOmgeving omgeving{settings};
-  omgeving.observer = [](const std::string& line) { std::cout << line << '\n' << std::flush; };
+  GenerationLog log([](const std::string& line) { std::cout << line << '\n' << std::flush; });
+  StderrMelder melder;
+  const SiteOmgeving omgeving{settings, log, melder};
   const SiteResultaat result = MaakSite(script_path, omgeving);
   if (result.onverwacht) {
     std::cerr << "Onverwachte fout " << result.onverwacht->number() << " ("

@@ -4,10 +4,10 @@
 #include <vector>
 
 #include "app/startup_checks.h"
-#include "gallery/keyed_text_file.h"
-#include "gallery/line_table.h"
+#include "base/keyed_text_file.h"
+#include "base/line_table.h"
 #include "gallery/script_reader.h"
-#include "generator/text_helpers.h"
+#include "base/text_helpers.h"
 
 namespace kiekbord {
 namespace {

@@ -4,8 +4,8 @@
 #include <limits>
 #include <string>
 
-#include "gallery/text.h"
-#include "generator/text_helpers.h"
+#include "base/text.h"
+#include "base/text_helpers.h"
 
 namespace kiekbord {
 namespace {

@@ -7,7 +7,7 @@
 
 #include "app/program_settings.h"
 #include "gallery/gallery_script.h"
-#include "gallery/melding.h"
+#include "base/melding.h"
 
 namespace kiekbord {
 

@@ -1,6 +1,6 @@
 #include "editor/options_rules.h"
 
-#include "gallery/file_system.h"
+#include "base/file_system.h"
 
 namespace kiekbord {
 

@@ -1,7 +1,7 @@
 #include "editor/photo_edit.h"
 
-#include "gallery/file_system.h"
-#include "generator/text_helpers.h"
+#include "base/file_system.h"
+#include "base/text_helpers.h"
 #include "images/library_choice.h"
 #include "images/pixel_edit.h"
 #include "images/smooth_library.h"
@@ -19,13 +19,17 @@ Melding RoteerVraag(std::string_view richting) {
 bool BackupVlag(const UserPreferences& voorkeuren) { return voorkeuren.backup_bij_bewerken > 0; }
 
 Status RoteerFoto(const std::string& os_naam, const std::string& foto_pad, std::string_view richting,
-                  bool maak_backup) {
-  if (RotatieBibliotheek(os_naam) == ImageLibrary::kGdiPlus) return GDIRoteerImg(foto_pad, richting, maak_backup);
-  return IJLRoteerImg(foto_pad, richting, maak_backup);
+                  bool maak_backup, FoutMelder& melder) {
+  if (RotatieBibliotheek(os_naam) == ImageLibrary::kGdiPlus) {
+    return GDIRoteerImg(foto_pad, richting, maak_backup, melder);
+  }
+  return IJLRoteerImg(foto_pad, richting, maak_backup, melder);
 }
 
-Status VerkleinFoto(const std::string& foto_pad, const VerkleinOpdracht& opdracht, bool maak_backup) {
-  return GDIVerkleinImg(foto_pad, opdracht.breedte, opdracht.hoogte, opdracht.kwaliteit_code, maak_backup);
+Status VerkleinFoto(const std::string& foto_pad, const VerkleinOpdracht& opdracht, bool maak_backup,
+                    FoutMelder& melder) {
+  return GDIVerkleinImg(foto_pad, opdracht.breedte, opdracht.hoogte, opdracht.kwaliteit_code, maak_backup,
+                        melder);
 }
 
 ExternBewerken ExternBewerkenOpdracht(const std::string& programma, const std::string& foto_pad) {
@@ -52,10 +56,6 @@ BewerkMenu BewerkMenuToestand(bool foto_gekozen, const ProgramSettings& settings
   m.vernieuwen = foto_gekozen && vernieuwen_aangezet;
   return m;
 }
-
-FoutMeldingen::FoutMeldingen() : installatie_(*this) {}
-
-FoutMeldingen::~FoutMeldingen() = default;
 
 void FoutMeldingen::Meld(const std::string& tekst) {
   meldingen_.push_back({MeldingSoort::kWaarschuwing, Vervang(tekst, "\n", "\r\n")});

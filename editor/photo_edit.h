@@ -3,9 +3,9 @@
 // the command line of the external photo program, and which edit items of
 // the photo menu are enabled.
 //
-// The image operations report their own failures through MeldFout
-// (images/failure_report.h); `FoutMeldingen` gathers those reports while a
-// command runs so the window can show them once the operation has returned.
+// The image operations report their own failures to the reporter they are
+// handed; `FoutMeldingen` gathers those reports while a command runs so the
+// window can show them once the operation has returned.
 #pragma once
 
 #include <string>
@@ -15,9 +15,9 @@
 #include "app/program_settings.h"
 #include "app/user_preferences.h"
 #include "editor/resize_rules.h"
-#include "gallery/melding.h"
-#include "gallery/status.h"
-#include "images/failure_report.h"
+#include "base/melding.h"
+#include "base/status.h"
+#include "base/failure_report.h"
 
 namespace kiekbord {
 
@@ -39,14 +39,14 @@ bool BackupVlag(const UserPreferences& voorkeuren);
 // Turns the photo a quarter turn, "linksom" anticlockwise: with the smooth
 // library when the main window's stored system name is "XP" or "Vista",
 // otherwise with the pixel-buffer library. Returns the operation's status;
-// a failure has been reported through MeldFout and leaves the photo as it
-// was.
+// a failure has been reported to `melder` and leaves the photo as it was.
 Status RoteerFoto(const std::string& os_naam, const std::string& foto_pad, std::string_view richting,
-                  bool maak_backup);
+                  bool maak_backup, FoutMelder& melder);
 
 // Shrinks the photo to the size and quality of `opdracht`, always with the
 // smooth library. Failures as for RoteerFoto.
-Status VerkleinFoto(const std::string& foto_pad, const VerkleinOpdracht& opdracht, bool maak_backup);
+Status VerkleinFoto(const std::string& foto_pad, const VerkleinOpdracht& opdracht, bool maak_backup,
+                    FoutMelder& melder);
 
 // The external photo program started with the photo: the program, its one
 // argument, and the command line as the user would type it
@@ -76,21 +76,15 @@ struct BewerkMenu {
 BewerkMenu BewerkMenuToestand(bool foto_gekozen, const ProgramSettings& settings, const UserPreferences& voorkeuren,
                               bool vernieuwen_aangezet);
 
-// Gathers the image operations' failure reports while it lives, as warning
-// messages (lines separated by CR LF), in the order they came.
+// Gathers the failure reports it is handed as warning messages (lines
+// separated by CR LF), in the order they came.
 class FoutMeldingen : public FoutMelder {
  public:
-  FoutMeldingen();
-  ~FoutMeldingen() override;
-  FoutMeldingen(const FoutMeldingen&) = delete;
-  FoutMeldingen& operator=(const FoutMeldingen&) = delete;
-
   void Meld(const std::string& tekst) override;
   const std::vector<Melding>& meldingen() const { return meldingen_; }
 
  private:
   std::vector<Melding> meldingen_;
-  ScopedFoutMelder installatie_;
 };
 
 }  // namespace kiekbord

@@ -9,8 +9,8 @@
 #include <vector>
 
 #include "gallery/gallery_script.h"
-#include "gallery/melding.h"
-#include "gallery/status.h"
+#include "base/melding.h"
+#include "base/status.h"
 
 namespace kiekbord {
 

@@ -5,8 +5,8 @@
 #include <set>
 
 #include "editor/photo_import.h"
-#include "gallery/file_system.h"
-#include "gallery/text.h"
+#include "base/file_system.h"
+#include "base/text.h"
 
 namespace kiekbord {
 

@@ -4,7 +4,7 @@
 #include <cmath>
 #include <limits>
 
-#include "gallery/text.h"
+#include "base/text.h"
 #include "images/photo_properties.h"
 
 namespace kiekbord {

@@ -1,11 +1,11 @@
 #include "editor/script_commands.h"
 
-#include "app/program_info.h"
-#include "gallery/file_system.h"
-#include "gallery/keyed_text_file.h"
+#include "base/program_info.h"
+#include "base/file_system.h"
+#include "base/keyed_text_file.h"
 #include "gallery/script_writer.h"
-#include "gallery/text.h"
-#include "generator/text_helpers.h"
+#include "base/text.h"
+#include "base/text_helpers.h"
 
 namespace kiekbord {
 namespace {

@@ -13,8 +13,8 @@
 #include <string>
 
 #include "gallery/gallery_script.h"
-#include "gallery/line_table.h"
-#include "gallery/melding.h"
+#include "base/line_table.h"
+#include "base/melding.h"
 
 namespace kiekbord {
 

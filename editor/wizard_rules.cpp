@@ -3,10 +3,10 @@
 #include <array>
 #include <cstdio>
 
-#include "app/program_info.h"
+#include "base/program_info.h"
 #include "editor/photo_import.h"
-#include "gallery/file_system.h"
-#include "gallery/text.h"
+#include "base/file_system.h"
+#include "base/text.h"
 #include "generator/generation_run.h"
 
 namespace kiekbord {

@@ -7,8 +7,8 @@
 #include <string>
 
 #include "app/program_settings.h"
-#include "gallery/melding.h"
-#include "gallery/status.h"
+#include "base/melding.h"
+#include "base/status.h"
 
 namespace kiekbord {
 

@@ -8,17 +8,17 @@
 #include <optional>
 #include <vector>
 
-#include "gallery/file_system.h"
-#include "gallery/keyed_text_file.h"
-#include "gallery/line_table.h"
+#include "base/file_system.h"
+#include "base/keyed_text_file.h"
+#include "base/line_table.h"
 #include "gallery/script_reader.h"
 #include "gallery/script_writer.h"
-#include "gallery/status.h"
-#include "gallery/text.h"
+#include "base/status.h"
+#include "base/text.h"
 #include "generator/page_lines.h"
 #include "generator/repeat_block.h"
 #include "generator/template_engine.h"
-#include "generator/text_helpers.h"
+#include "base/text_helpers.h"
 #include "images/ijl_library.h"
 #include "images/photo_properties.h"
 #include "images/pixel_buffer.h"

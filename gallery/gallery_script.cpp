@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cstdio>
 
-#include "gallery/text.h"
+#include "base/text.h"
 
 namespace kiekbord {
 namespace {

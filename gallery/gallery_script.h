@@ -14,7 +14,7 @@
 #include <string_view>
 #include <vector>
 
-#include "gallery/line_table.h"
+#include "base/line_table.h"
 
 namespace kiekbord {
 

@@ -7,10 +7,10 @@
 #include <optional>
 #include <string_view>
 
-#include "gallery/file_system.h"
-#include "gallery/keyed_text_file.h"
-#include "gallery/text.h"
-#include "generator/text_helpers.h"
+#include "base/file_system.h"
+#include "base/keyed_text_file.h"
+#include "base/text.h"
+#include "base/text_helpers.h"
 
 namespace kiekbord {
 namespace {

@@ -4,9 +4,9 @@
 #include <string_view>
 #include <vector>
 
-#include "app/program_info.h"
-#include "gallery/dutch_date.h"
-#include "gallery/text.h"
+#include "base/program_info.h"
+#include "base/dutch_date.h"
+#include "base/text.h"
 
 namespace kiekbord {
 namespace {

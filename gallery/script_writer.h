@@ -13,8 +13,8 @@
 #include <cstddef>
 
 #include "gallery/gallery_script.h"
-#include "gallery/line_table.h"
-#include "gallery/status.h"
+#include "base/line_table.h"
+#include "base/status.h"
 
 namespace kiekbord {
 

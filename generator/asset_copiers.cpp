@@ -4,10 +4,10 @@
 #include <string_view>
 #include <vector>
 
-#include "gallery/file_system.h"
-#include "gallery/status.h"
-#include "gallery/text.h"
-#include "generator/generation_log.h"
+#include "base/file_system.h"
+#include "base/status.h"
+#include "base/text.h"
+#include "base/generation_log.h"
 
 namespace kiekbord {
 namespace {
@@ -93,9 +93,9 @@ bool IsActueel(const std::string& bron, const std::string& doel) {
 }
 
 void KopieerAssets(const std::string& sjabloon_dir, const std::string& uitvoer_dir,
-                   const AssetSoort& soort) {
+                   const AssetSoort& soort, GenerationLog& log) {
   const std::vector<std::string> namen = ZoekAssets(sjabloon_dir, soort);
-  SchrijfLog(namen.empty() ? std::string(soort.geen_gevonden)
+  log.SchrijfLog(namen.empty() ? std::string(soort.geen_gevonden)
                            : std::to_string(namen.size()) + std::string(soort.gevonden));
   std::size_t gekopieerd = 0;
   for (const std::string& naam : namen) {
@@ -109,22 +109,22 @@ void KopieerAssets(const std::string& sjabloon_dir, const std::string& uitvoer_d
     if (!status.ok()) throw RunError(status);
     ++gekopieerd;
   }
-  SchrijfLog(gekopieerd == 0 ? std::string(soort.geen_gekopieerd)
+  log.SchrijfLog(gekopieerd == 0 ? std::string(soort.geen_gekopieerd)
                              : std::to_string(gekopieerd) + std::string(soort.gekopieerd));
 }
 
 }  // namespace
 
-void KopieerAfbeeldingen(const std::string& sjabloon_dir, const std::string& uitvoer_dir) {
-  KopieerAssets(sjabloon_dir, uitvoer_dir, kAfbeeldingen);
+void KopieerAfbeeldingen(const std::string& sjabloon_dir, const std::string& uitvoer_dir, GenerationLog& log) {
+  KopieerAssets(sjabloon_dir, uitvoer_dir, kAfbeeldingen, log);
 }
 
-void KopieerScripts(const std::string& sjabloon_dir, const std::string& uitvoer_dir) {
-  KopieerAssets(sjabloon_dir, uitvoer_dir, kScripts);
+void KopieerScripts(const std::string& sjabloon_dir, const std::string& uitvoer_dir, GenerationLog& log) {
+  KopieerAssets(sjabloon_dir, uitvoer_dir, kScripts, log);
 }
 
-void KopieerStijlbladen(const std::string& sjabloon_dir, const std::string& uitvoer_dir) {
-  KopieerAssets(sjabloon_dir, uitvoer_dir, kStijlbladen);
+void KopieerStijlbladen(const std::string& sjabloon_dir, const std::string& uitvoer_dir, GenerationLog& log) {
+  KopieerAssets(sjabloon_dir, uitvoer_dir, kStijlbladen, log);
 }
 
 }  // namespace kiekbord

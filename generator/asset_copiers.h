@@ -10,18 +10,20 @@
 
 #include <string>
 
+#include "base/generation_log.h"
+
 namespace kiekbord {
 
 // "*.gif", then "*.jpg": at most 512 images together, the ".gif" files
 // first. Throws RunError when a copy fails; a missing template directory
 // finds nothing.
-void KopieerAfbeeldingen(const std::string& sjabloon_dir, const std::string& uitvoer_dir);
+void KopieerAfbeeldingen(const std::string& sjabloon_dir, const std::string& uitvoer_dir, GenerationLog& log);
 
 // "*.js": at most 512 scripts. Throws RunError when a copy fails.
-void KopieerScripts(const std::string& sjabloon_dir, const std::string& uitvoer_dir);
+void KopieerScripts(const std::string& sjabloon_dir, const std::string& uitvoer_dir, GenerationLog& log);
 
 // "*.css" except "kb.css", which the style sheet writer makes: at most 512.
 // Throws RunError when a copy fails.
-void KopieerStijlbladen(const std::string& sjabloon_dir, const std::string& uitvoer_dir);
+void KopieerStijlbladen(const std::string& sjabloon_dir, const std::string& uitvoer_dir, GenerationLog& log);
 
 }  // namespace kiekbord

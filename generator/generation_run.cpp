@@ -5,12 +5,12 @@
 #include <cstdio>
 #include <new>
 
-#include "app/program_info.h"
-#include "gallery/file_system.h"
+#include "base/program_info.h"
+#include "base/file_system.h"
 #include "gallery/gallery_script.h"
-#include "gallery/keyed_text_file.h"
-#include "gallery/text.h"
-#include "generator/text_helpers.h"
+#include "base/keyed_text_file.h"
+#include "base/text.h"
+#include "base/text_helpers.h"
 
 namespace kiekbord {
 namespace {
@@ -19,7 +19,7 @@ namespace {
 // (each photo takes a header and a name line), so the overflow is a guard.
 constexpr int kMaxPhotos = 512;
 
-// Step 5 and 6: the script's values and the photos taken in.
+// The script's values and the photos taken in.
 SiteGegevens LeesScriptWaarden(const LineTable& script) {
   SiteGegevens g;
   const auto algemeen = [&](const char* key, const char* fallback) {
@@ -86,12 +86,12 @@ void BouwSjabloonPaden(SiteGegevens& g, const ProgramSettings& settings) {
   }
 }
 
-// Step 9: every missing template is logged; true when all are there.
-bool ControleerSjablonen(const SiteGegevens& g) {
+// Every missing template is logged; true when all are there.
+bool ControleerSjablonen(const SiteGegevens& g, GenerationLog& log) {
   bool ok = true;
   const auto check = [&](const std::string& path, const char* role) {
     if (Fs().FileExists(path)) return;
-    SchrijfLog("Sjabloon " + path + " voor " + role + " niet gevonden.");
+    log.SchrijfLog("Sjabloon " + path + " voor " + role + " niet gevonden.");
     ok = false;
   };
   check(g.titel_sjabloon, "titelpagina");
@@ -104,28 +104,28 @@ bool ControleerSjablonen(const SiteGegevens& g) {
 // Deleting the old pages ("kb*") from an output directory that is the
 // template directory would delete the templates themselves; such a run is
 // refused. True when the two differ (or cannot be compared).
-bool ControleerUitvoerDir(const SiteGegevens& g) {
+bool ControleerUitvoerDir(const SiteGegevens& g, GenerationLog& log) {
   FileInfo uitvoer;
   FileInfo sjablonen;
   if (!Fs().GetFileInfo(g.uitvoer_dir, uitvoer).ok() || !Fs().GetFileInfo(g.sjabloon_dir, sjablonen).ok()) {
     return true;
   }
   if (uitvoer.inode == 0 || uitvoer.inode != sjablonen.inode || uitvoer.device != sjablonen.device) return true;
-  SchrijfLog("Uitvoerdirectory " + g.uitvoer_dir + " is de sjabloondirectory; kies een andere uitvoerdirectory.");
+  log.SchrijfLog("Uitvoerdirectory " + g.uitvoer_dir + " is de sjabloondirectory; kies een andere uitvoerdirectory.");
   return false;
 }
 
-// Step 12: earlier photo and overview pages ("kb*" + extension) go.
-void VerwijderOudePaginas(const SiteGegevens& g) {
+// Earlier photo and overview pages ("kb*" + extension) go.
+void VerwijderOudePaginas(const SiteGegevens& g, GenerationLog& log) {
   std::vector<std::string> old_pages;
   // An output directory that cannot be listed has no old pages.
   if (!Fs().ListFiles(g.uitvoer_dir, "kb*" + g.ext, old_pages).ok() || old_pages.empty()) return;
-  SchrijfLog("Verwijderen oude fotopagina's...");
+  log.SchrijfLog("Verwijderen oude fotopagina's...");
   for (const std::string& name : old_pages) {
     const Status status = Fs().DeleteFile(g.uitvoer_dir + name);
     if (!status.ok()) throw RunError(status);
   }
-  SchrijfLog("Oude fotopagina's verwijderd.");
+  log.SchrijfLog("Oude fotopagina's verwijderd.");
 }
 
 void Voer(const SiteSteps::Step& step, SiteRun& run) {
@@ -134,29 +134,29 @@ void Voer(const SiteSteps::Step& step, SiteRun& run) {
 
 std::int16_t RunSteps(const std::string& script_path, const SiteOmgeving& omgeving) {
   std::int16_t failed = kGelukt;
-  SchrijfLog("open:" + LogPad(script_path));
-  SchrijfLog("Aangemaakt met: " + ProgramCaption() + " (" + std::to_string(BuildRevision()) + ")");
-  SchrijfLog("Inlezen script " + script_path + "...");
+  GenerationLog& log = omgeving.log;
+  log.SchrijfLog("open:" + LogPad(script_path));
+  log.SchrijfLog("Aangemaakt met: " + ProgramCaption() + " (" + std::to_string(BuildRevision()) + ")");
+  log.SchrijfLog("Inlezen script " + script_path + "...");
 
   LineTable script(capaciteit::kScript);
-  LeesRegels(script_path, script, false);
-  if (script.Failed()) {
-    SchrijfLog("Fout bij inlezen script: " + script.CountSlot());
+  if (!LeesRegels(script_path, script, false).ok()) {
+    log.SchrijfLog("Fout bij inlezen script: " + script.CountSlot());
     failed = kMislukt;
   } else {
-    SchrijfLog("Script " + script_path + " ingelezen.");
+    log.SchrijfLog("Script " + script_path + " ingelezen.");
   }
 
   SiteGegevens gegevens = LeesScriptWaarden(script);
   gegevens.script_path = script_path;
-  SchrijfLog("Variabelen uit script ingelezen.");
+  log.SchrijfLog("Variabelen uit script ingelezen.");
   BouwSjabloonPaden(gegevens, omgeving.settings);
-  if (!ControleerSjablonen(gegevens)) failed = kMislukt;
-  if (!ControleerUitvoerDir(gegevens)) failed = kMislukt;
+  if (!ControleerSjablonen(gegevens, log)) failed = kMislukt;
+  if (!ControleerUitvoerDir(gegevens, log)) failed = kMislukt;
 
-  SiteRun run{omgeving.settings, gegevens, NavigatieTeksten{}, failed, omgeving.voortgang};
-  if (run.failed == kGelukt) LeesNavigatieTeksten(gegevens.sjabloon_ini, run.navigatie);
-  if (run.failed == kGelukt) VerwijderOudePaginas(gegevens);
+  SiteRun run{omgeving.settings, gegevens, log, omgeving.melder, NavigatieTeksten{}, failed, omgeving.voortgang};
+  if (run.failed == kGelukt) LeesNavigatieTeksten(gegevens.sjabloon_ini, run.navigatie, log);
+  if (run.failed == kGelukt) VerwijderOudePaginas(gegevens, log);
 
   const SiteSteps& steps = omgeving.steps;
   Voer(steps.titel_pagina, run);
@@ -172,8 +172,8 @@ std::int16_t RunSteps(const std::string& script_path, const SiteOmgeving& omgevi
   Voer(steps.scripts, run);
   Voer(steps.stijlbladen, run);
 
-  SchrijfLog(run.failed == kGelukt ? "Normaal einde." : "Abnormaal einde.");
-  SchrijfLog("close");
+  log.SchrijfLog(run.failed == kGelukt ? "Normaal einde." : "Abnormaal einde.");
+  log.SchrijfLog("close");
   return run.failed;
 }
 
@@ -184,19 +184,12 @@ std::string LogPad(const std::string& script_path) {
 }
 
 SiteResultaat MaakSite(const std::string& script_path, const SiteOmgeving& omgeving) {
-  ScopedLogObserver observer(omgeving.observer);
   SiteResultaat result;
   try {
     result.failed = RunSteps(script_path, omgeving);
-  } catch (const RunError& error) {
+  } catch (...) {
     result.failed = kMislukt;
-    result.onverwacht = error.status();
-  } catch (const std::bad_alloc&) {
-    result.failed = kMislukt;
-    result.onverwacht = Status::Error(7, "Out of memory");
-  } catch (const std::exception& error) {
-    result.failed = kMislukt;
-    result.onverwacht = Status::Error(fout::kProgramError, error.what());
+    result.onverwacht = StatusVanUitzondering();
   }
   return result;
 }

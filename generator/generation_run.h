@@ -7,8 +7,9 @@
 #include <string>
 
 #include "app/program_settings.h"
-#include "gallery/status.h"
-#include "generator/generation_log.h"
+#include "base/status.h"
+#include "base/failure_report.h"
+#include "base/generation_log.h"
 #include "generator/site_run.h"
 
 namespace kiekbord {
@@ -22,11 +23,15 @@ struct SiteResultaat {
   std::optional<Status> onverwacht;
 };
 
+// What a run is handed: the program settings, the log it writes (whose
+// observer shows progress) and the reporter of image failures.
 struct SiteOmgeving {
-  explicit SiteOmgeving(const ProgramSettings& program_settings) : settings(program_settings) {}
+  SiteOmgeving(const ProgramSettings& program_settings, GenerationLog& run_log, FoutMelder& fout_melder)
+      : settings(program_settings), log(run_log), melder(fout_melder) {}
   const ProgramSettings& settings;
+  GenerationLog& log;
+  FoutMelder& melder;
   SiteSteps steps = StandaardStappen();
-  LogObserver observer;
   std::function<void(int done, int total)> voortgang;
 };
 

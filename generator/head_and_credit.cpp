@@ -1,10 +1,10 @@
 #include "generator/head_and_credit.h"
 
-#include "gallery/dutch_date.h"
-#include "gallery/file_system.h"
-#include "gallery/status.h"
-#include "gallery/text.h"
-#include "generator/text_helpers.h"
+#include "base/dutch_date.h"
+#include "base/file_system.h"
+#include "base/status.h"
+#include "base/text.h"
+#include "base/text_helpers.h"
 
 namespace kiekbord {
 namespace {

@@ -2,9 +2,9 @@
 
 #include <utility>
 
-#include "gallery/file_system.h"
-#include "gallery/keyed_text_file.h"
-#include "generator/generation_log.h"
+#include "base/file_system.h"
+#include "base/keyed_text_file.h"
+#include "base/generation_log.h"
 
 namespace kiekbord {
 namespace {
@@ -38,16 +38,16 @@ constexpr std::pair<const char*, Field> kKeys[] = {
 
 }  // namespace
 
-void LeesNavigatieTeksten(const std::string& ini_path, NavigatieTeksten& texts) {
+void LeesNavigatieTeksten(const std::string& ini_path, NavigatieTeksten& texts, GenerationLog& log) {
   if (!Fs().FileExists(ini_path)) return;
-  SchrijfLog("Inlezen ini-bestand " + ini_path + "...");
+  log.SchrijfLog("Inlezen ini-bestand " + ini_path + "...");
   LineTable ini(capaciteit::kIni);
   // A failed read leaves an empty table, so every default stays.
-  LeesRegels(ini_path, ini, false);
+  static_cast<void>(LeesRegels(ini_path, ini, false));
   for (const auto& [key, field] : kKeys) {
     texts.*field = LeesWaarde(ini, "NavigatieLinks", key, texts.*field);
   }
-  SchrijfLog("Ini-bestand " + ini_path + " ingelezen.");
+  log.SchrijfLog("Ini-bestand " + ini_path + " ingelezen.");
 }
 
 }  // namespace kiekbord

@@ -6,6 +6,8 @@
 
 #include <string>
 
+#include "base/generation_log.h"
+
 namespace kiekbord {
 
 struct NavigatieTeksten {
@@ -35,6 +37,6 @@ struct NavigatieTeksten {
 // Applies the overrides of the "sjabloon.ini" at `ini_path` to `texts`,
 // logging "Inlezen ini-bestand ..." and "Ini-bestand ... ingelezen.". When no
 // file exists there, nothing changes and nothing is logged.
-void LeesNavigatieTeksten(const std::string& ini_path, NavigatieTeksten& texts);
+void LeesNavigatieTeksten(const std::string& ini_path, NavigatieTeksten& texts, GenerationLog& log);
 
 }  // namespace kiekbord

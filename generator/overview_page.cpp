@@ -2,12 +2,12 @@
 
 #include <vector>
 
-#include "gallery/line_table.h"
-#include "generator/generation_log.h"
+#include "base/line_table.h"
+#include "base/generation_log.h"
 #include "generator/page_lines.h"
 #include "generator/photo_page_navigation.h"
 #include "generator/repeat_block.h"
-#include "generator/text_helpers.h"
+#include "base/text_helpers.h"
 #include "images/photo_properties.h"
 
 namespace kiekbord {
@@ -121,14 +121,14 @@ void MaakOverzichtPagina(SiteRun& run, const KopEnCredit& kop) {
     const HerhaalBlok blok = BereidBlokSjabloonVoor(sjabloon, regels);
 
     const std::string pad = g.uitvoer_dir + "kbovz" + g.ext;
-    SchrijfLog("Aanmaken overzichtspagina " + pad + "...");
+    run.log.SchrijfLog("Aanmaken overzichtspagina " + pad + "...");
     BlokPagina pagina(sjabloon, blok);
     const OverzichtFoto eerste = OverzichtFotoVan(g, 1);
     pagina.SchrijfKop({{"FOTOBREEDTE", eerste.breedte}, {"FOTOHOOGTE", eerste.hoogte}});
     SchrijfBlokken(pagina, g, run);
     pagina.SchrijfStaart({});
     pagina.Bewaar(pad);
-    SchrijfLog("Overzichtspagina " + pad + " aangemaakt.");
+    run.log.SchrijfLog("Overzichtspagina " + pad + " aangemaakt.");
   });
 }
 

@@ -4,10 +4,10 @@
 #include <new>
 #include <utility>
 
-#include "gallery/keyed_text_file.h"
-#include "gallery/text.h"
-#include "generator/generation_log.h"
-#include "generator/text_helpers.h"
+#include "base/keyed_text_file.h"
+#include "base/text.h"
+#include "base/generation_log.h"
+#include "base/text_helpers.h"
 #include "generator/template_engine.h"
 
 namespace kiekbord {
@@ -115,28 +115,26 @@ void PaginaRegels::VerwerkAlle(LineTable& table) {
 
 bool LeesSjabloonGelogd(const std::string& path, LineTable& table, SiteRun& run,
                         SjabloonLezer lees) {
-  SchrijfLog("Inlezen sjabloon " + path + "...");
-  lees(path, table);
-  if (table.Failed()) {
-    SchrijfLog("Fout bij inlezen sjabloon: " + table.CountSlot());
+  run.log.SchrijfLog("Inlezen sjabloon " + path + "...");
+  if (!lees(path, table).ok()) {
+    run.log.SchrijfLog("Fout bij inlezen sjabloon: " + table.CountSlot());
     run.failed = kMislukt;
     return false;
   }
-  SchrijfLog("Sjabloon " + path + " ingelezen.");
+  run.log.SchrijfLog("Sjabloon " + path + " ingelezen.");
   return true;
 }
 
 bool SchrijfPaginaGelogd(const std::string& path, LineTable& table,
                          const PaginaMeldingen& meldingen, SiteRun& run) {
-  SchrijfLog(std::string(meldingen.aanmaken) + path + "...");
-  SchrijfRegels(path, table);
-  if (table.Failed()) {
-    SchrijfLog(std::string(meldingen.fout) + table.CountSlot());
+  run.log.SchrijfLog(std::string(meldingen.aanmaken) + path + "...");
+  if (!SchrijfRegels(path, table).ok()) {
+    run.log.SchrijfLog(std::string(meldingen.fout) + table.CountSlot());
     run.failed = kMislukt;
     return false;
   }
   if (!meldingen.aangemaakt.empty()) {
-    SchrijfLog(std::string(meldingen.aangemaakt) + path + " aangemaakt.");
+    run.log.SchrijfLog(std::string(meldingen.aangemaakt) + path + " aangemaakt.");
   }
   return true;
 }
@@ -146,17 +144,13 @@ void BinnenStapgrens(SiteRun& run, const std::function<void()>& stap) {
   try {
     stap();
     return;
-  } catch (const RunError& error) {
-    probleem = error.status();
-  } catch (const std::bad_alloc&) {
-    probleem = Status::Error(7, "Out of memory");
-  } catch (const std::exception& error) {
-    probleem = Status::Error(fout::kProgramError, error.what());
+  } catch (...) {
+    probleem = StatusVanUitzondering();
   }
   // Logged outside the handlers: a log that cannot be written throws on to
   // the run, which then ends without an end line.
   run.failed = kMislukt;
-  SchrijfLog(std::to_string(probleem.number()) + " " + probleem.description());
+  run.log.SchrijfLog(std::to_string(probleem.number()) + " " + probleem.description());
 }
 
 }  // namespace kiekbord

@@ -21,8 +21,8 @@
 #include <string_view>
 #include <vector>
 
-#include "gallery/line_table.h"
-#include "gallery/status.h"
+#include "base/line_table.h"
+#include "base/status.h"
 #include "generator/head_and_credit.h"
 #include "generator/site_run.h"
 #include "generator/template_engine.h"

@@ -4,9 +4,9 @@
 #include <cstdio>
 #include <vector>
 
-#include "gallery/status.h"
-#include "gallery/text.h"
-#include "generator/text_helpers.h"
+#include "base/status.h"
+#include "base/text.h"
+#include "base/text_helpers.h"
 
 namespace kiekbord {
 namespace {

@@ -1,12 +1,12 @@
 #include "generator/photo_pages.h"
 
-#include "gallery/file_system.h"
-#include "gallery/line_table.h"
-#include "generator/generation_log.h"
+#include "base/file_system.h"
+#include "base/line_table.h"
+#include "base/generation_log.h"
 #include "generator/page_lines.h"
 #include "generator/photo_page_navigation.h"
 #include "generator/repeat_block.h"
-#include "generator/text_helpers.h"
+#include "base/text_helpers.h"
 #include "images/photo_properties.h"
 
 namespace kiekbord {
@@ -32,6 +32,7 @@ struct FotoPlaats {
 
 // What every page of the run shares.
 struct FotoRun {
+  GenerationLog& log;
   const SiteGegevens& g;
   const NavigatieTeksten& teksten;
   Paginering paginering;
@@ -121,7 +122,7 @@ int SchrijfFotoPagina(const FotoRun& run, const LineTable& sjabloon, HerhaalBlok
   const SiteGegevens& g = run.g;
   const PaginaNavigatie nav = NavigatieVan(pagina, run.paginering, run.teksten, g);
   const std::string pad = g.uitvoer_dir + "kb" + DrieCijfers(pagina) + g.ext;
-  SchrijfLog("Aanmaken fotopagina " + pad + "...");
+  run.log.SchrijfLog("Aanmaken fotopagina " + pad + "...");
 
   BlokPagina pagina_tekst(sjabloon, blok);
   const auto teksten_van = [&](int nummer, int k) {
@@ -169,7 +170,8 @@ void MaakFotoPaginas(SiteRun& run, const KopEnCredit& kop) {
     LineTable sjabloon(capaciteit::kTemplate);
     LeesSjabloonGelogd(g.foto_sjabloon, sjabloon, run);
 
-    const FotoRun foto_run{g,
+    const FotoRun foto_run{run.log,
+                           g,
                            run.navigatie,
                            PagineringVan(g),
                            HomeLink(run.navigatie),
@@ -190,7 +192,7 @@ void MaakFotoPaginas(SiteRun& run, const KopEnCredit& kop) {
          ++pagina) {
       nummer = SchrijfFotoPagina(foto_run, sjabloon, blok, pagina, nummer);
     }
-    SchrijfLog(std::to_string(paginas) + " fotopagina's aangemaakt.");
+    run.log.SchrijfLog(std::to_string(paginas) + " fotopagina's aangemaakt.");
   });
 }
 

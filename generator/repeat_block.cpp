@@ -2,9 +2,9 @@
 
 #include <utility>
 
-#include "gallery/file_system.h"
-#include "gallery/status.h"
-#include "gallery/text.h"
+#include "base/file_system.h"
+#include "base/status.h"
+#include "base/text.h"
 #include "generator/template_engine.h"
 
 namespace kiekbord {

@@ -19,7 +19,7 @@
 #include <string_view>
 #include <vector>
 
-#include "gallery/line_table.h"
+#include "base/line_table.h"
 #include "generator/page_lines.h"
 
 namespace kiekbord {

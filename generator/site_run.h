@@ -11,6 +11,8 @@
 #include <vector>
 
 #include "app/program_settings.h"
+#include "base/failure_report.h"
+#include "base/generation_log.h"
 #include "generator/navigation_texts.h"
 
 namespace kiekbord {
@@ -66,6 +68,8 @@ struct SiteGegevens {
 struct SiteRun {
   const ProgramSettings& settings;
   const SiteGegevens& gegevens;
+  GenerationLog& log;
+  FoutMelder& melder;
   NavigatieTeksten navigatie;
   std::int16_t failed = kGelukt;
   // Reports thumbnail progress (photo i of n) to a progress display.

@@ -1,6 +1,6 @@
 #include "generator/site_run.h"
 
-#include "gallery/dutch_date.h"
+#include "base/dutch_date.h"
 #include "generator/asset_copiers.h"
 #include "generator/head_and_credit.h"
 #include "generator/overview_page.h"
@@ -20,7 +20,8 @@ SiteSteps StandaardStappen(std::function<std::chrono::year_month_day()> vandaag)
   };
   steps.thumbnails = [](SiteRun& run) {
     const ThumbnailOpties opties{run.settings.program_dir, 0, run.voortgang};
-    if (MaakThumbnails(run.gegevens.uitvoer_dir, run.gegevens.AantalFotos(), run.gegevens.foto_namen, opties)) {
+    if (MaakThumbnails(run.gegevens.uitvoer_dir, run.gegevens.AantalFotos(), run.gegevens.foto_namen, opties,
+                       run.log, run.melder)) {
       run.failed = kMislukt;
     }
   };
@@ -32,13 +33,13 @@ SiteSteps StandaardStappen(std::function<std::chrono::year_month_day()> vandaag)
     MaakFotoPaginas(run, KopEnCreditVoor(run.settings, vandaag()));
   };
   steps.afbeeldingen = [](SiteRun& run) {
-    KopieerAfbeeldingen(run.gegevens.sjabloon_dir, run.gegevens.uitvoer_dir);
+    KopieerAfbeeldingen(run.gegevens.sjabloon_dir, run.gegevens.uitvoer_dir, run.log);
   };
   steps.scripts = [](SiteRun& run) {
-    KopieerScripts(run.gegevens.sjabloon_dir, run.gegevens.uitvoer_dir);
+    KopieerScripts(run.gegevens.sjabloon_dir, run.gegevens.uitvoer_dir, run.log);
   };
   steps.stijlbladen = [](SiteRun& run) {
-    KopieerStijlbladen(run.gegevens.sjabloon_dir, run.gegevens.uitvoer_dir);
+    KopieerStijlbladen(run.gegevens.sjabloon_dir, run.gegevens.uitvoer_dir, run.log);
   };
   return steps;
 }

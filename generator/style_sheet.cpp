@@ -2,13 +2,13 @@
 
 #include <cmath>
 
-#include "gallery/keyed_text_file.h"
-#include "gallery/line_table.h"
-#include "gallery/status.h"
-#include "gallery/text.h"
+#include "base/keyed_text_file.h"
+#include "base/line_table.h"
+#include "base/status.h"
+#include "base/text.h"
 #include "generator/page_lines.h"
 #include "generator/template_engine.h"
-#include "generator/text_helpers.h"
+#include "base/text_helpers.h"
 
 namespace kiekbord {
 namespace {

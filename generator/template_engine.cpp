@@ -4,9 +4,9 @@
 #include <optional>
 #include <vector>
 
-#include "gallery/file_system.h"
-#include "gallery/text.h"
-#include "generator/text_helpers.h"
+#include "base/file_system.h"
+#include "base/text.h"
+#include "base/text_helpers.h"
 
 namespace kiekbord {
 namespace {

@@ -6,8 +6,8 @@
 #include <string>
 #include <string_view>
 
-#include "gallery/line_table.h"
-#include "gallery/status.h"
+#include "base/line_table.h"
+#include "base/status.h"
 
 namespace kiekbord {
 

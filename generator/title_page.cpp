@@ -1,7 +1,7 @@
 #include "generator/title_page.h"
 
-#include "gallery/line_table.h"
-#include "gallery/text.h"
+#include "base/line_table.h"
+#include "base/text.h"
 #include "generator/page_lines.h"
 
 namespace kiekbord {

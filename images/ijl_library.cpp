@@ -2,7 +2,7 @@
 
 #include <jconfig.h>
 
-#include "gallery/file_system.h"
+#include "base/file_system.h"
 #include "images/turbo_jpeg.h"
 
 namespace kiekbord {
@@ -28,7 +28,7 @@ Status LoadJPGUitBytes(cDIBSection& buffer, std::string_view jpeg) {
   if (!LeesJpegKop(jpeg, kop).ok()) return IjlFout("Failed to read JPG");
   status = ToetsBeeldMaat(kop.breedte, kop.hoogte);
   if (!status.ok()) return status;
-  if (!buffer.Create(kop.breedte, kop.hoogte)) return Status::Error(7, "Out of memory");
+  if (!buffer.Create(kop.breedte, kop.hoogte)) return Status::Error(fout::kOutOfMemory);
   if (!DecodeerJpeg(jpeg, VlakVan(buffer)).ok()) {
     buffer.ClearUp();
     return IjlFout("Cannot read Image Data from file.");

@@ -7,7 +7,7 @@
 #include <string>
 #include <string_view>
 
-#include "gallery/status.h"
+#include "base/status.h"
 #include "images/pixel_buffer.h"
 
 namespace kiekbord {

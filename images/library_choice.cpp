@@ -5,8 +5,8 @@
 #include <array>
 #include <utility>
 
-#include "gallery/file_system.h"
-#include "generator/generation_log.h"
+#include "base/file_system.h"
+#include "base/generation_log.h"
 
 namespace kiekbord {
 namespace {
@@ -59,24 +59,25 @@ bool GdiplusMarkerAanwezig(const std::string& program_dir) {
   return Fs().FileExists(WithTrailingSlash(program_dir) + "GDIplus.txt");
 }
 
-ImageLibrary KiesThumbnailBibliotheek(const std::string& os_naam, const std::string& program_dir) {
+ImageLibrary KiesThumbnailBibliotheek(const std::string& os_naam, const std::string& program_dir,
+                                      GenerationLog& log) {
   std::string naam = os_naam;
-  SchrijfLog("(Windows " + naam + " gedetecteerd.)");
+  log.SchrijfLog("(Windows " + naam + " gedetecteerd.)");
   if (GdiplusMarkerAanwezig(program_dir)) {
-    SchrijfLog("(Bestand GDIplus.txt gedetecteerd.)");
+    log.SchrijfLog("(Bestand GDIplus.txt gedetecteerd.)");
     naam = "XP";
   }
   if (naam == "Windows7" || naam == "Vista") naam = "XP";
   if (naam == "XP") {
-    SchrijfLog("Imagelibrary GDIplus wordt gebruikt.");
+    log.SchrijfLog("Imagelibrary GDIplus wordt gebruikt.");
     return ImageLibrary::kGdiPlus;
   }
-  SchrijfLog("Imagelibrary IJL11 wordt gebruikt.");
+  log.SchrijfLog("Imagelibrary IJL11 wordt gebruikt.");
   return ImageLibrary::kIjl11;
 }
 
-ImageLibrary KiesThumbnailBibliotheek(const std::string& program_dir) {
-  return KiesThumbnailBibliotheek(BepaalOsNaam(), program_dir);
+ImageLibrary KiesThumbnailBibliotheek(const std::string& program_dir, GenerationLog& log) {
+  return KiesThumbnailBibliotheek(BepaalOsNaam(), program_dir, log);
 }
 
 std::string HoofdvensterOsNaam(const std::string& os_naam, const std::string& program_dir) {

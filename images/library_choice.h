@@ -7,6 +7,8 @@
 #include <string>
 #include <string_view>
 
+#include "base/generation_log.h"
+
 namespace kiekbord {
 
 enum class ImageLibrary {
@@ -27,10 +29,11 @@ bool GdiplusMarkerAanwezig(const std::string& program_dir);
 
 // The thumbnail run's choice for the system named `os_naam`, writing its
 // detection and choice lines to the generation log (SchrijfLog).
-ImageLibrary KiesThumbnailBibliotheek(const std::string& os_naam, const std::string& program_dir);
+ImageLibrary KiesThumbnailBibliotheek(const std::string& os_naam, const std::string& program_dir,
+                                      GenerationLog& log);
 
 // The same for the system the program runs on.
-ImageLibrary KiesThumbnailBibliotheek(const std::string& program_dir);
+ImageLibrary KiesThumbnailBibliotheek(const std::string& program_dir, GenerationLog& log);
 
 // The name the main window stores at start-up for the system named
 // `os_naam` ("XP" with the marker, "Vista" for "Windows7"); logs nothing.

@@ -1,6 +1,6 @@
 #include "images/photo_backup.h"
 
-#include "gallery/file_system.h"
+#include "base/file_system.h"
 
 namespace kiekbord {
 

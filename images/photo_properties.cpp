@@ -4,8 +4,8 @@
 #include <cstddef>
 #include <optional>
 
-#include "gallery/file_system.h"
-#include "gallery/text.h"
+#include "base/file_system.h"
+#include "base/text.h"
 
 namespace kiekbord {
 namespace {

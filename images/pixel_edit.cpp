@@ -2,10 +2,10 @@
 
 #include <algorithm>
 
-#include "gallery/file_system.h"
-#include "gallery/text.h"
-#include "generator/generation_log.h"
-#include "images/failure_report.h"
+#include "base/file_system.h"
+#include "base/text.h"
+#include "base/generation_log.h"
+#include "base/failure_report.h"
 #include "images/ijl_library.h"
 #include "images/photo_backup.h"
 
@@ -15,8 +15,8 @@ namespace {
 constexpr std::string_view kThumbnailFrase = " tijdens aanmaken IJL thumbnail.";
 constexpr std::string_view kRoteerFrase = " tijdens roteren foto.";
 
-Status RoteerFout(Status fout) {
-  MeldFout(FoutTekst(fout, kRoteerFrase, false));
+Status RoteerFout(FoutMelder& melder, Status fout) {
+  melder.Meld(FoutTekst(fout, kRoteerFrase, false));
   return fout;
 }
 
@@ -61,7 +61,7 @@ ThumbnailWerk MaakIjlThumbnail(std::string_view jpeg, const std::string& thumb_p
   const ThumbnailMaat maat = BerekenThumbnailMaat(bron.Width(), bron.Height());
   cDIBSection doel;
   if (!doel.Create(maat.breedte, maat.hoogte)) {
-    werk.fout = Status::Error(7, "Out of memory");
+    werk.fout = Status::Error(fout::kOutOfMemory);
     return werk;
   }
   PuntThumbnail(bron, doel, ThumbnailDeler(bron.Width(), bron.Height()));
@@ -70,33 +70,34 @@ ThumbnailWerk MaakIjlThumbnail(std::string_view jpeg, const std::string& thumb_p
   return werk;
 }
 
-Status VoltooiIjlThumbnail(const ThumbnailWerk& werk, const std::string& thumb_pad) {
-  if (!werk.aanmaak_regel.empty()) SchrijfLog(werk.aanmaak_regel);
+Status VoltooiIjlThumbnail(const ThumbnailWerk& werk, const std::string& thumb_pad, GenerationLog& log, FoutMelder& melder) {
+  if (!werk.aanmaak_regel.empty()) log.SchrijfLog(werk.aanmaak_regel);
   Status status = werk.fout;
   if (status.ok()) status = Fs().WriteFile(thumb_pad, werk.jpeg);
   if (!status.ok()) {
-    SchrijfLog(status.description());
-    MeldFout(FoutTekst(status, kThumbnailFrase, false));
+    log.SchrijfLog(status.description());
+    melder.Meld(FoutTekst(status, kThumbnailFrase, false));
   }
   return status;
 }
 
-Status IJLMaakThumb(const std::string& foto_pad, const std::string& thumb_pad) {
+Status IJLMaakThumb(const std::string& foto_pad, const std::string& thumb_pad, GenerationLog& log, FoutMelder& melder) {
   std::string jpeg;
   const Status gelezen = Fs().ReadFile(foto_pad, jpeg);
   const ThumbnailWerk werk = gelezen.ok() ? MaakIjlThumbnail(jpeg, thumb_pad) : ThumbnailWerk{"", gelezen, ""};
-  return VoltooiIjlThumbnail(werk, thumb_pad);
+  return VoltooiIjlThumbnail(werk, thumb_pad, log, melder);
 }
 
-Status IJLRoteerImg(const std::string& foto_pad, std::string_view richting, bool maak_backup) {
+Status IJLRoteerImg(const std::string& foto_pad, std::string_view richting, bool maak_backup,
+                    FoutMelder& melder) {
   if (maak_backup && MaakBackup(foto_pad).empty()) {
-    return RoteerFout(Status::Error(fout::kProgramError, "Error creating backup."));
+    return RoteerFout(melder, Status::Error(fout::kProgramError, "Error creating backup."));
   }
   cDIBSection bron;
   const Status geladen = LoadJPG(bron, foto_pad);
-  if (!geladen.ok()) return RoteerFout(geladen);
+  if (!geladen.ok()) return RoteerFout(melder, geladen);
   cDIBSection doel;
-  if (!RoteerPixels(bron, doel, IsLinksom(richting))) return RoteerFout(Status::Error(7, "Out of memory"));
+  if (!RoteerPixels(bron, doel, IsLinksom(richting))) return RoteerFout(melder, Status::Error(fout::kOutOfMemory));
   bron.ClearUp();
 
   // The turned photo goes to its temporary file, which is renamed over the
@@ -106,7 +107,7 @@ Status IJLRoteerImg(const std::string& foto_pad, std::string_view richting, bool
   Status status = SaveJPGNaarBytes(doel, kIjlKwaliteit, jpeg);
   if (status.ok()) status = Fs().WriteFile(tmp_pad, jpeg);
   if (status.ok()) status = Fs().RenameFile(tmp_pad, foto_pad);
-  if (!status.ok()) return RoteerFout(status);
+  if (!status.ok()) return RoteerFout(melder, status);
   return Status::Ok();
 }
 

@@ -5,7 +5,9 @@
 #include <string>
 #include <string_view>
 
-#include "gallery/status.h"
+#include "base/failure_report.h"
+#include "base/generation_log.h"
+#include "base/status.h"
 #include "images/pixel_buffer.h"
 #include "images/thumbnail_work.h"
 
@@ -34,16 +36,17 @@ ThumbnailWerk MaakIjlThumbnail(std::string_view jpeg, const std::string& thumb_p
 // of either half is logged (its description alone) and shown as "Fout <n>
 // tijdens aanmaken IJL thumbnail.(<description>)", and not passed on: the
 // returned status is for the caller's information only.
-Status VoltooiIjlThumbnail(const ThumbnailWerk& werk, const std::string& thumb_pad);
+Status VoltooiIjlThumbnail(const ThumbnailWerk& werk, const std::string& thumb_pad, GenerationLog& log, FoutMelder& melder);
 
 // Both halves for one photo.
-Status IJLMaakThumb(const std::string& foto_pad, const std::string& thumb_pad);
+Status IJLMaakThumb(const std::string& foto_pad, const std::string& thumb_pad, GenerationLog& log, FoutMelder& melder);
 
 // Rotates the photo a quarter turn in place at quality 90, after a backup
 // when `maak_backup`. The turned image is written to path + "_tmp", which is
 // then renamed over the photo in one step, so a failure leaves the photo as
 // it was. A failure is shown as "Fout <n> tijdens roteren foto.(<description>)"
 // and returned; nothing is logged.
-Status IJLRoteerImg(const std::string& foto_pad, std::string_view richting, bool maak_backup);
+Status IJLRoteerImg(const std::string& foto_pad, std::string_view richting, bool maak_backup,
+                    FoutMelder& melder);
 
 }  // namespace kiekbord

@@ -8,10 +8,10 @@
 #include <new>
 #include <vector>
 
-#include "gallery/file_system.h"
-#include "generator/generation_log.h"
-#include "generator/text_helpers.h"
-#include "images/failure_report.h"
+#include "base/file_system.h"
+#include "base/generation_log.h"
+#include "base/text_helpers.h"
+#include "base/failure_report.h"
 #include "images/photo_backup.h"
 #include "images/pixel_edit.h"
 #include "images/turbo_jpeg.h"
@@ -157,7 +157,7 @@ void ThumbnailViaSchaal(std::string_view jpeg, const JpegKop& kop, ThumbnailWerk
   try {
     rgb.resize(static_cast<std::size_t>(breedte) * hoogte * 3);
   } catch (const std::bad_alloc&) {
-    werk.fout = Status::Error(7, "Out of memory");
+    werk.fout = Status::Error(fout::kOutOfMemory);
     return;
   }
   const Status gedecodeerd =
@@ -249,8 +249,8 @@ Status Bewerk(const std::string& foto_pad, bool maak_backup, const Bewerking& be
   return VervangFoto(foto_pad, uit);
 }
 
-Status Gemeld(Status status, std::string_view frase) {
-  if (!status.ok()) MeldFout(FoutTekst(status, frase, true));
+Status Gemeld(FoutMelder& melder, Status status, std::string_view frase) {
+  if (!status.ok()) melder.Meld(FoutTekst(status, frase, true));
   return status;
 }
 
@@ -284,24 +284,25 @@ ThumbnailWerk MaakGdiThumbnail(std::string_view jpeg, const std::string& thumb_p
   return werk;
 }
 
-Status VoltooiGdiThumbnail(const ThumbnailWerk& werk, const std::string& thumb_pad) {
-  if (!werk.aanmaak_regel.empty()) SchrijfLog(werk.aanmaak_regel);
+Status VoltooiGdiThumbnail(const ThumbnailWerk& werk, const std::string& thumb_pad, GenerationLog& log, FoutMelder& melder) {
+  if (!werk.aanmaak_regel.empty()) log.SchrijfLog(werk.aanmaak_regel);
   Status status = werk.fout;
   if (status.ok()) status = Fs().WriteFile(thumb_pad, werk.jpeg);
   if (status.ok()) return status;
-  SchrijfLog("Error: " + status.description());
-  MeldFout(FoutTekst(status, kThumbnailFrase, true));
+  log.SchrijfLog("Error: " + status.description());
+  melder.Meld(FoutTekst(status, kThumbnailFrase, true));
   return Fout(status.description());
 }
 
-Status GDIMaakThumb(const std::string& foto_pad, const std::string& thumb_pad) {
+Status GDIMaakThumb(const std::string& foto_pad, const std::string& thumb_pad, GenerationLog& log, FoutMelder& melder) {
   std::string jpeg;
   const Status gelezen = Fs().ReadFile(foto_pad, jpeg);
   const ThumbnailWerk werk = gelezen.ok() ? MaakGdiThumbnail(jpeg, thumb_pad) : ThumbnailWerk{"", gelezen, ""};
-  return VoltooiGdiThumbnail(werk, thumb_pad);
+  return VoltooiGdiThumbnail(werk, thumb_pad, log, melder);
 }
 
-Status GDIRoteerImg(const std::string& foto_pad, std::string_view richting, bool maak_backup) {
+Status GDIRoteerImg(const std::string& foto_pad, std::string_view richting, bool maak_backup,
+                    FoutMelder& melder) {
   const VipsAngle hoek = IsLinksom(richting) ? VIPS_ANGLE_D270 : VIPS_ANGLE_D90;
   const auto draai = [hoek](const std::string&, VipsImage* beeld, VipsBeeld& uit) {
     VipsImage* raw = nullptr;
@@ -309,11 +310,11 @@ Status GDIRoteerImg(const std::string& foto_pad, std::string_view richting, bool
     uit.reset(raw);
     return Status::Ok();
   };
-  return Gemeld(Bewerk(foto_pad, maak_backup, draai, kGdiRoteerKwaliteit), kRoteerFrase);
+  return Gemeld(melder, Bewerk(foto_pad, maak_backup, draai, kGdiRoteerKwaliteit), kRoteerFrase);
 }
 
 Status GDIVerkleinImg(const std::string& foto_pad, int breedte, int hoogte, int kwaliteit_code,
-                      bool maak_backup) {
+                      bool maak_backup, FoutMelder& melder) {
   const auto verklein = [breedte, hoogte](const std::string& jpeg, VipsImage* beeld, VipsBeeld& uit) {
     if (breedte < 1 || hoogte < 1) {
       return Fout("Invalid size: " + std::to_string(breedte) + " x " + std::to_string(hoogte));
@@ -332,7 +333,7 @@ Status GDIVerkleinImg(const std::string& foto_pad, int breedte, int hoogte, int 
     uit.reset(raw);
     return Status::Ok();
   };
-  return Gemeld(Bewerk(foto_pad, maak_backup, verklein, VerkleinKwaliteit(kwaliteit_code)),
+  return Gemeld(melder, Bewerk(foto_pad, maak_backup, verklein, VerkleinKwaliteit(kwaliteit_code)),
                 kVerkleinFrase);
 }
 

@@ -10,7 +10,9 @@
 #include <string>
 #include <string_view>
 
-#include "gallery/status.h"
+#include "base/failure_report.h"
+#include "base/generation_log.h"
+#include "base/status.h"
 #include "images/thumbnail_work.h"
 
 namespace kiekbord {
@@ -35,10 +37,10 @@ ThumbnailWerk MaakGdiThumbnail(std::string_view jpeg, const std::string& thumb_p
 // failure of either half it logs "Error: " + description, shows "Fout <n>
 // tijdens aanmaken GDI thumbnail." + line break + "(<description>)" and
 // returns error 26002 with that description, which ends the thumbnail run.
-Status VoltooiGdiThumbnail(const ThumbnailWerk& werk, const std::string& thumb_pad);
+Status VoltooiGdiThumbnail(const ThumbnailWerk& werk, const std::string& thumb_pad, GenerationLog& log, FoutMelder& melder);
 
 // Both halves for one photo.
-Status GDIMaakThumb(const std::string& foto_pad, const std::string& thumb_pad);
+Status GDIMaakThumb(const std::string& foto_pad, const std::string& thumb_pad, GenerationLog& log, FoutMelder& melder);
 
 // Rotates the photo a quarter turn in place at quality 100 (anticlockwise
 // when IsLinksom(richting)), after a backup when `maak_backup`. The result
@@ -46,13 +48,14 @@ Status GDIMaakThumb(const std::string& foto_pad, const std::string& thumb_pad);
 // failure leaves the photo as it was. A failure is shown as "Fout <n>
 // tijdens roteren foto (GDI)." + line break + "(<description>)" and
 // returned; nothing is logged.
-Status GDIRoteerImg(const std::string& foto_pad, std::string_view richting, bool maak_backup);
+Status GDIRoteerImg(const std::string& foto_pad, std::string_view richting, bool maak_backup,
+                    FoutMelder& melder);
 
 // Replaces the photo by a copy of exactly breedte x hoogte pixels at the
 // quality of `kwaliteit_code`, after a backup when `maak_backup`; the
 // proportions are the caller's business. Failures as for rotation, with
 // " tijdens verkleinen foto (GDI).".
 Status GDIVerkleinImg(const std::string& foto_pad, int breedte, int hoogte, int kwaliteit_code,
-                      bool maak_backup);
+                      bool maak_backup, FoutMelder& melder);
 
 }  // namespace kiekbord

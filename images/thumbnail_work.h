@@ -10,7 +10,7 @@
 
 #include <string>
 
-#include "gallery/status.h"
+#include "base/status.h"
 
 namespace kiekbord {
 

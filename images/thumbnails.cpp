@@ -13,13 +13,13 @@
 #include <mutex>
 #include <new>
 
-#include "gallery/file_system.h"
-#include "gallery/keyed_text_file.h"
-#include "gallery/line_table.h"
-#include "gallery/status.h"
-#include "gallery/text.h"
-#include "generator/generation_log.h"
-#include "generator/text_helpers.h"
+#include "base/file_system.h"
+#include "base/keyed_text_file.h"
+#include "base/line_table.h"
+#include "base/status.h"
+#include "base/text.h"
+#include "base/generation_log.h"
+#include "base/text_helpers.h"
 #include "images/library_choice.h"
 #include "images/pixel_edit.h"
 #include "images/smooth_library.h"
@@ -160,11 +160,13 @@ struct Taak {
 class ThumbnailRun {
  public:
   ThumbnailRun(const std::string& foto_dir, int aantal, const std::vector<std::string>& namen,
-               const ThumbnailOpties& opties, ImageLibrary library)
+               const ThumbnailOpties& opties, ImageLibrary library, GenerationLog& log, FoutMelder& melder)
       : foto_dir_(foto_dir),
         namen_(namen.begin(), namen.begin() + std::clamp(aantal, 0, static_cast<int>(namen.size()))),
         opties_(opties),
         library_(library),
+        log_(log),
+        melder_(melder),
         lijst_pad_(foto_dir + "kb_tn.txt"),
         lijst_(capaciteit::kThumbnailList) {}
 
@@ -172,20 +174,20 @@ class ThumbnailRun {
     Status status = LeesLijst();
     if (status.ok()) status = VerwerkFotos();
     if (!status.ok()) return status;
-    SchrijfLog(std::to_string(teller_) + " Thumbnails (opnieuw) aangemaakt.");
+    log_.SchrijfLog(std::to_string(teller_) + " Thumbnails (opnieuw) aangemaakt.");
     status = SchrijfRegels(lijst_pad_, lijst_);
     if (!status.ok()) return status;
-    SchrijfLog("Bestand " + lijst_pad_ + " geschreven.");
+    log_.SchrijfLog("Bestand " + lijst_pad_ + " geschreven.");
     return status;
   }
 
  private:
   Status LeesLijst() {
     if (!Fs().FileExists(lijst_pad_)) return Status::Ok();
-    SchrijfLog("(Bestand " + lijst_pad_ + " gedetecteerd.)");
+    log_.SchrijfLog("(Bestand " + lijst_pad_ + " gedetecteerd.)");
     const Status status = LeesRegels(lijst_pad_, lijst_, false);
     if (!status.ok()) return status;
-    SchrijfLog("Bestand " + lijst_pad_ + " inlezen.");
+    log_.SchrijfLog("Bestand " + lijst_pad_ + " inlezen.");
     return status;
   }
 
@@ -303,12 +305,12 @@ class ThumbnailRun {
     }
     const ThumbnailWerk werk = Ophalen(taak.werk);
     if (library_ == ImageLibrary::kGdiPlus) {
-      const Status status = VoltooiGdiThumbnail(werk, taak.thumb);
+      const Status status = VoltooiGdiThumbnail(werk, taak.thumb, log_, melder_);
       if (!status.ok()) return status;
     } else {
       // The pixel-buffer library reports its own failure and lets the run
       // go on; the photo stays recorded in the list.
-      (void)VoltooiIjlThumbnail(werk, taak.thumb);
+      static_cast<void>(VoltooiIjlThumbnail(werk, taak.thumb, log_, melder_));
     }
     return taak.lijst_fout;
   }
@@ -316,10 +318,8 @@ class ThumbnailRun {
   static ThumbnailWerk Ophalen(std::future<ThumbnailWerk>& werk) {
     try {
       return werk.get();
-    } catch (const std::bad_alloc&) {
-      return ThumbnailWerk{"", Status::Error(7, "Out of memory"), ""};
-    } catch (const std::exception& error) {
-      return ThumbnailWerk{"", Status::Error(fout::kProgramError, error.what()), ""};
+    } catch (...) {
+      return ThumbnailWerk{"", StatusVanUitzondering(), ""};
     }
   }
 
@@ -337,6 +337,8 @@ class ThumbnailRun {
   const std::vector<std::string> namen_;
   const ThumbnailOpties& opties_;
   const ImageLibrary library_;
+  GenerationLog& log_;
+  FoutMelder& melder_;
   const std::string lijst_pad_;
   LineTable lijst_;
   std::deque<Taak> wachtend_;
@@ -374,17 +376,17 @@ std::string DatumTijdTekst(std::int64_t modified_ns) {
 }
 
 bool MaakThumbnails(const std::string& foto_dir, int aantal, const std::vector<std::string>& namen,
-                    const ThumbnailOpties& opties) {
-  SchrijfLog("Start aanmaken thumbnails ...");
-  const ImageLibrary library = KiesThumbnailBibliotheek(opties.program_dir);
+                    const ThumbnailOpties& opties, GenerationLog& log, FoutMelder& melder) {
+  log.SchrijfLog("Start aanmaken thumbnails ...");
+  const ImageLibrary library = KiesThumbnailBibliotheek(opties.program_dir, log);
   Status status;
   try {
-    status = ThumbnailRun(foto_dir, aantal, namen, opties, library).Run();
+    status = ThumbnailRun(foto_dir, aantal, namen, opties, library, log, melder).Run();
   } catch (const RunError& error) {
     status = error.status();
   }
   if (status.ok()) return false;
-  SchrijfLog("Error: " + status.description());
+  log.SchrijfLog("Error: " + status.description());
   return true;
 }
 

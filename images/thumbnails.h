@@ -14,6 +14,9 @@
 #include <string>
 #include <vector>
 
+#include "base/failure_report.h"
+#include "base/generation_log.h"
+
 namespace kiekbord {
 
 struct ThumbnailOpties {
@@ -26,13 +29,13 @@ struct ThumbnailOpties {
 };
 
 // Makes the thumbnails of the first `aantal` photos of `namen` (file names
-// in `foto_dir`, which ends in "/"), logging every step through SchrijfLog
+// in `foto_dir`, which ends in "/"), logging every step in `log`
 // and writing "kb_tn.txt". Returns the error flag: false after "Bestand ...
 // geschreven.", true when the run ended on an error, which is then logged as
 // "Error: " + description (the list file is not written; thumbnails made so
 // far stay). Throws RunError only when the log itself cannot be written.
 bool MaakThumbnails(const std::string& foto_dir, int aantal, const std::vector<std::string>& namen,
-                    const ThumbnailOpties& opties);
+                    const ThumbnailOpties& opties, GenerationLog& log, FoutMelder& melder);
 
 // The thumbnail of a photo: every ".jpg" in the path replaced by "_tn.jpg".
 std::string ThumbnailPad(const std::string& foto_pad);

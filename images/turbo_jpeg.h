@@ -8,7 +8,7 @@
 #include <string>
 #include <string_view>
 
-#include "gallery/status.h"
+#include "base/status.h"
 
 namespace kiekbord {
 

@@ -10,7 +10,7 @@
 #include <QVBoxLayout>
 #include <QtConcurrent/QtConcurrentRun>
 
-#include "gallery/status.h"
+#include "base/status.h"
 
 namespace kiekbord {
 
@@ -72,12 +72,15 @@ SiteResultaat MaakSiteMetVoortgang(QWidget* ouder, const std::string& script_pad
   // The run's observers are called on the worker thread; each posts to the
   // dialog, whose thread shows the lines in the order they were written. The
   // dialog outlives the run, and posts still queued when it goes are dropped.
-  SiteOmgeving omgeving{settings};
-  omgeving.observer = [&dialoog](const std::string& regel) {
+  GenerationLog log([&dialoog](const std::string& regel) {
     QMetaObject::invokeMethod(
         &dialoog, [&dialoog, tekst = QString::fromStdString(regel)] { dialoog.VoegRegelToe(tekst); },
         Qt::QueuedConnection);
-  };
+  });
+  // The worker thread cannot show a message box; a thumbnail that fails
+  // shows in the log, and its report goes to standard error.
+  StderrMelder melder;
+  SiteOmgeving omgeving{settings, log, melder};
   omgeving.voortgang = [&dialoog](int klaar, int totaal) {
     QMetaObject::invokeMethod(
         &dialoog, [&dialoog, klaar, totaal] { dialoog.ZetVoortgang(klaar, totaal); }, Qt::QueuedConnection);
@@ -93,19 +96,7 @@ SiteResultaat MaakSiteMetVoortgang(QWidget* ouder, const std::string& script_pad
   }
   QApplication::setOverrideCursor(Qt::WaitCursor);
   bewaker.setFuture(QtConcurrent::run([&script_pad, &omgeving] {
-    try {
-      return MaakSite(script_pad, omgeving);
-    } catch (const RunError& fout) {
-      SiteResultaat resultaat;
-      resultaat.failed = kMislukt;
-      resultaat.onverwacht = fout.status();
-      return resultaat;
-    } catch (const std::exception&) {
-      SiteResultaat resultaat;
-      resultaat.failed = kMislukt;
-      resultaat.onverwacht = Status::Error(fout::kProgramError);
-      return resultaat;
-    }
+    return MaakSite(script_pad, omgeving);
   }));
   dialoog.exec();
   QApplication::restoreOverrideCursor();

@@ -10,9 +10,9 @@
 
 #include "app/library_versions.h"
 #include "app/program_directory.h"
-#include "app/program_info.h"
+#include "base/program_info.h"
 #include "app/program_settings.h"
-#include "gallery/dutch_date.h"
+#include "base/dutch_date.h"
 #include "images/library_choice.h"
 #include "ui/common_dialogs.h"
 #include "ui/desktop_services.h"

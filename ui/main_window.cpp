@@ -26,15 +26,15 @@
 #include <QTimer>
 #include <QVBoxLayout>
 
-#include "app/program_info.h"
+#include "base/program_info.h"
 #include "app/startup_checks.h"
 #include "editor/photo_edit.h"
 #include "editor/photo_import.h"
 #include "editor/photo_list.h"
 #include "editor/wizard_rules.h"
-#include "gallery/dutch_date.h"
-#include "gallery/file_system.h"
-#include "gallery/text.h"
+#include "base/dutch_date.h"
+#include "base/file_system.h"
+#include "base/text.h"
 #include "generator/generation_run.h"
 #include "ui/common_dialogs.h"
 #include "ui/desktop_services.h"
@@ -1075,8 +1075,10 @@ void MainWindow::FotoRoteren(std::string_view richting) {
   {
     BezigAanwijzer bezig;
     FoutMeldingen verzameld;
-    RoteerFoto(d_.os_naam, FotoPad(S(txtUitvoerDir_->text()), fotos_[static_cast<std::size_t>(rij)].foto), richting,
-               BackupVlag(voorkeuren_));
+    // A failure has been reported to `verzameld` and is shown below.
+    static_cast<void>(RoteerFoto(d_.os_naam,
+                                 FotoPad(S(txtUitvoerDir_->text()), fotos_[static_cast<std::size_t>(rij)].foto),
+                                 richting, BackupVlag(voorkeuren_), verzameld));
     fouten = verzameld.meldingen();
   }
   for (const Melding& fout : fouten) d_.meldingen->Toon(this, fout);

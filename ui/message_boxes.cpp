@@ -4,7 +4,7 @@
 #include <QPushButton>
 #include <QString>
 
-#include "app/program_info.h"
+#include "base/program_info.h"
 
 namespace kiekbord {
 namespace {

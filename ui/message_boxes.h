@@ -6,7 +6,7 @@
 // caption and Dutch buttons.
 #pragma once
 
-#include "gallery/melding.h"
+#include "base/melding.h"
 
 class QWidget;
 

@@ -205,7 +205,8 @@ void VerkleinDialoog::Ok() {
   {
     QApplication::setOverrideCursor(Qt::WaitCursor);
     FoutMeldingen verzameld;
-    VerkleinFoto(foto_pad_, opdracht, backup);
+    // A failure has been reported to `verzameld` and is shown below.
+    static_cast<void>(VerkleinFoto(foto_pad_, opdracht, backup, verzameld));
     fouten = verzameld.meldingen();
     QApplication::restoreOverrideCursor();
   }

@@ -8,7 +8,7 @@
 #include "app/program_settings.h"
 #include "editor/options_rules.h"
 #include "editor/wizard_rules.h"
-#include "gallery/file_system.h"
+#include "base/file_system.h"
 #include "tests/support/test_support.h"
 
 namespace kiekbord {

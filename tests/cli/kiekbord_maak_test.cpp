@@ -10,7 +10,7 @@
 #include <string>
 #include <vector>
 
-#include "app/program_info.h"
+#include "base/program_info.h"
 #include "images/library_choice.h"
 #include "tests/support/golden.h"
 #include "tests/support/site_links.h"

@@ -16,7 +16,7 @@
 #include <optional>
 #include <string>
 
-#include "gallery/file_system.h"
+#include "base/file_system.h"
 #include "images/photo_properties.h"
 #include "tests/images/image_test_support.h"
 #include "tests/support/test_support.h"
@@ -116,26 +116,28 @@ TEST_F(FotoBewerken, RotationWithEitherLibraryKeepsTheFirstBackup) {
     WriteBytes(foto_, origineel_);
     std::filesystem::remove_all(dir_ / "Backup");
     FoutMeldingen meldingen;
-    ASSERT_TRUE(RoteerFoto(os_naam, foto_, kLinksom, true).ok());
+    ASSERT_TRUE(RoteerFoto(os_naam, foto_, kLinksom, true, meldingen).ok());
     EXPECT_EQ(Afmetingen(foto_), "360x480");
-    ASSERT_TRUE(RoteerFoto(os_naam, foto_, kRechtsom, true).ok());
+    ASSERT_TRUE(RoteerFoto(os_naam, foto_, kRechtsom, true, meldingen).ok());
     EXPECT_EQ(Afmetingen(foto_), "480x360");
     EXPECT_EQ(ReadBytes(backup_), origineel_);
     EXPECT_TRUE(meldingen.meldingen().empty());
   }
   // Without the flag no backup is made.
   std::filesystem::remove_all(dir_ / "Backup");
-  ASSERT_TRUE(RoteerFoto(kPixel, foto_, kLinksom, false).ok());
-  ASSERT_TRUE(RoteerFoto(kSmooth, foto_, kLinksom, false).ok());
+  FoutMeldingen meldingen;
+  ASSERT_TRUE(RoteerFoto(kPixel, foto_, kLinksom, false, meldingen).ok());
+  ASSERT_TRUE(RoteerFoto(kSmooth, foto_, kLinksom, false, meldingen).ok());
   ExpectAlleenDeFoto();
 }
 
 TEST_F(FotoBewerken, ShrinkMakesExactlyTheSizeAtTheChosenQuality) {
-  ASSERT_TRUE(VerkleinFoto(foto_, Opdracht(320, 199, 2), false).ok());
+  FoutMeldingen meldingen;
+  ASSERT_TRUE(VerkleinFoto(foto_, Opdracht(320, 199, 2), false, meldingen).ok());
   EXPECT_EQ(Afmetingen(foto_), "320x199");  // proportions are the dialog's business
   EXPECT_EQ(test::EersteKwantisatieWaarde(ReadBytes(foto_)), 13);
   ExpectAlleenDeFoto();
-  ASSERT_TRUE(VerkleinFoto(foto_, Opdracht(200, 150, 1), true).ok());
+  ASSERT_TRUE(VerkleinFoto(foto_, Opdracht(200, 150, 1), true, meldingen).ok());
   EXPECT_EQ(test::EersteKwantisatieWaarde(ReadBytes(foto_)), 6);
   EXPECT_EQ(Afmetingen(backup_), "320x199");
 }
@@ -172,9 +174,9 @@ TEST_F(FotoBewerken, FailuresLeaveThePhotoAndSayWhichLibraryRan) {
       VolleSchijf vol;
       std::optional<ScopedFileSystem> schijf;
       if (g.vol) schijf.emplace(vol);
-      EXPECT_FALSE(RoteerFoto(kSmooth, foto_, kLinksom, false).ok());
-      EXPECT_FALSE(RoteerFoto(kPixel, foto_, kRechtsom, false).ok());
-      EXPECT_FALSE(VerkleinFoto(foto_, Opdracht(200, 150), false).ok());
+      EXPECT_FALSE(RoteerFoto(kSmooth, foto_, kLinksom, false, meldingen).ok());
+      EXPECT_FALSE(RoteerFoto(kPixel, foto_, kRechtsom, false, meldingen).ok());
+      EXPECT_FALSE(VerkleinFoto(foto_, Opdracht(200, 150), false, meldingen).ok());
     }
     EXPECT_LT(PiekGeheugenKb() - geheugen_voor, 200 * 1024);
     const std::string fout = "Fout " + std::string(g.nummer) + " tijdens ";

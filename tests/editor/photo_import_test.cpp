@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "gallery/file_system.h"
+#include "base/file_system.h"
 #include "tests/gallery/script_fakes.h"
 #include "tests/support/test_support.h"
 

@@ -2,8 +2,8 @@
 
 #include <gtest/gtest.h>
 
-#include "gallery/file_system.h"
-#include "gallery/keyed_text_file.h"
+#include "base/file_system.h"
+#include "base/keyed_text_file.h"
 #include "tests/gallery/script_fakes.h"
 #include "tests/support/test_support.h"
 

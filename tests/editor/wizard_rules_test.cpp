@@ -5,7 +5,7 @@
 #include <array>
 #include <filesystem>
 
-#include "gallery/file_system.h"
+#include "base/file_system.h"
 #include "tests/gallery/script_fakes.h"
 #include "tests/support/test_support.h"
 

@@ -10,8 +10,8 @@
 #include <string_view>
 #include <vector>
 
-#include "gallery/file_system.h"
-#include "gallery/keyed_text_file.h"
+#include "base/file_system.h"
+#include "base/keyed_text_file.h"
 #include "gallery/script_reader.h"
 
 namespace kiekbord {

@@ -8,8 +8,8 @@
 #include <string>
 #include <vector>
 
-#include "gallery/file_system.h"
-#include "gallery/keyed_text_file.h"
+#include "base/file_system.h"
+#include "base/keyed_text_file.h"
 #include "gallery/script_writer.h"
 #include "tests/gallery/script_fakes.h"
 #include "tests/support/test_support.h"

@@ -9,9 +9,9 @@
 #include <random>
 #include <string>
 
-#include "gallery/keyed_text_file.h"
+#include "base/keyed_text_file.h"
 #include "gallery/script_reader.h"
-#include "gallery/text.h"
+#include "base/text.h"
 #include "tests/gallery/script_fakes.h"
 #include "tests/support/test_support.h"
 

@@ -9,8 +9,8 @@
 #include <string>
 #include <vector>
 
-#include "gallery/file_system.h"
-#include "generator/generation_log.h"
+#include "base/file_system.h"
+#include "base/generation_log.h"
 #include "tests/support/test_support.h"
 
 namespace kiekbord {
@@ -25,9 +25,9 @@ class AssetKopieerTest : public ::testing::Test {
  protected:
   AssetKopieerTest() {
     std::filesystem::create_directories(Uit());
-    SchrijfLog("open:" + dir_ / "proef.log");
+    run_log_.SchrijfLog("open:" + dir_ / "proef.log");
   }
-  ~AssetKopieerTest() override { SchrijfLog("close"); }
+  ~AssetKopieerTest() override { run_log_.SchrijfLog("close"); }
 
   std::string Sjabloon() const { return dir_ / "sjabloon/"; }
   std::string Uit() const { return dir_ / "uit/"; }
@@ -43,15 +43,15 @@ class AssetKopieerTest : public ::testing::Test {
   }
   Lines AllesKopieren() {
     log_.clear();
-    KopieerAfbeeldingen(Sjabloon(), Uit());
-    KopieerScripts(Sjabloon(), Uit());
-    KopieerStijlbladen(Sjabloon(), Uit());
+    KopieerAfbeeldingen(Sjabloon(), Uit(), run_log_);
+    KopieerScripts(Sjabloon(), Uit(), run_log_);
+    KopieerStijlbladen(Sjabloon(), Uit(), run_log_);
     return log_;
   }
 
   test::TempDir dir_;
   Lines log_;
-  ScopedLogObserver observer_{[this](const std::string& line) { log_.push_back(line); }};
+  GenerationLog run_log_{[this](const std::string& line) { log_.push_back(line); }};
 };
 
 TEST_F(AssetKopieerTest, CopiesEachKindWithLowerCaseNamesAndTheSourceTime) {
@@ -87,7 +87,7 @@ TEST_F(AssetKopieerTest, CopiesOnlyWhenTheTimesDifferToTheSecond) {
   for (const Geval& geval : gevallen) {
     SCOPED_TRACE(geval.uitvoer_tijd);
     Bestand(Uit() + "rand.gif", "oud", kSjabloonTijd + geval.uitvoer_tijd);
-    KopieerAfbeeldingen(Sjabloon(), Uit());
+    KopieerAfbeeldingen(Sjabloon(), Uit(), run_log_);
     EXPECT_EQ(log_.back(), geval.gekopieerd ? "1 Afbeelding(en) gekopieerd naar uitvoerdirectory."
                                             : "Geen afbeeldingen gekopieerd naar uitvoerdirectory.");
     EXPECT_EQ(test::ReadBytes(Uit() + "rand.gif"), geval.gekopieerd ? "nieuw" : "oud");
@@ -105,7 +105,7 @@ TEST_F(AssetKopieerTest, AtMost512ImagesGifsFirstInNameOrder) {
     std::snprintf(name, sizeof name, "Foto%03d.JPG", i);
     Bestand(Sjabloon() + name, "jpg");
   }
-  KopieerAfbeeldingen(Sjabloon(), Uit());
+  KopieerAfbeeldingen(Sjabloon(), Uit(), run_log_);
   EXPECT_EQ(log_, (Lines{"512 Afbeelding(en) gevonden in sjabloondirectory.",
                          "512 Afbeelding(en) gekopieerd naar uitvoerdirectory."}));
   EXPECT_TRUE(std::filesystem::exists(Uit() + "beeld500.gif"));
@@ -124,7 +124,7 @@ TEST_F(AssetKopieerTest, NothingToCopyGivesTheNoneLines) {
                                     "Geen extra stylesheets gevonden in sjabloondirectory.",
                                     "Geen extra stylesheets gekopieerd naar uitvoerdirectory."}));
   std::filesystem::remove_all(Sjabloon());
-  KopieerScripts(Sjabloon(), Uit());
+  KopieerScripts(Sjabloon(), Uit(), run_log_);
   EXPECT_EQ(log_.back(), "Geen scripts gekopieerd naar uitvoerdirectory.");
   EXPECT_EQ(test::BestandenIn(Uit()), Lines{});
 }

@@ -43,10 +43,11 @@ TEST_P(VolledigeSiteTest, WritesTheWholeSiteWithLinksThatResolve) {
   test::WriteBytes(dir / "zee.kbs", script);
   test::KopieerMap(test::TestDataDir() + "../../data", dir / "programma");
   const ProgramSettings settings = LeesProgrammaInstellingen(dir / "programma/", dir.path());
-  SiteOmgeving omgeving(settings);
-  omgeving.steps = StandaardStappen([] { return test::kProefDatum; });
   Lines log;
-  omgeving.observer = [&log](const std::string& line) { log.push_back(line); };
+  GenerationLog run_log([&log](const std::string& line) { log.push_back(line); });
+  StderrMelder melder;
+  SiteOmgeving omgeving(settings, run_log, melder);
+  omgeving.steps = StandaardStappen([] { return test::kProefDatum; });
 
   const SiteResultaat result = MaakSite(dir / "zee.kbs", omgeving);
   ASSERT_EQ(result.failed, kGelukt) << ::testing::PrintToString(log);

@@ -25,9 +25,9 @@
 #include <string>
 #include <vector>
 
-#include "app/program_info.h"
-#include "gallery/file_system.h"
-#include "generator/generation_log.h"
+#include "base/program_info.h"
+#include "base/file_system.h"
+#include "base/generation_log.h"
 #include "tests/support/golden.h"
 #include "tests/support/test_support.h"
 
@@ -78,7 +78,7 @@ class RunGevalTest : public ::testing::TestWithParam<const char*> {
                    std::to_string(g.AantalFotos()) + " foto's:";
           for (int i = 0; i < g.AantalFotos(); ++i) regel += " " + g.foto_namen[i] + " (" + g.bijschriften[i] + ")";
         }
-        SchrijfLog(regel);
+        run.log.SchrijfLog(regel);
         if (mislukt_in == naam) run.failed = kMislukt;
       };
     }
@@ -122,16 +122,17 @@ TEST_P(RunGevalTest, WritesTheExpectedLogAndLeavesTheExpectedFiles) {
     test::WriteBytes(dir_ / script, test::VulPlaatshouders(test::ReadBytes(Map() + script), {{"@MAP@", dir_.path()}}));
   }
 
-  SiteOmgeving omgeving(settings);
-  omgeving.steps = Stappen(mislukt_in);
   Lines gezien;
-  omgeving.observer = [&gezien](const std::string& line) { gezien.push_back(line); };
+  GenerationLog run_log([&gezien](const std::string& line) { gezien.push_back(line); });
+  StderrMelder melder;
+  SiteOmgeving omgeving(settings, run_log, melder);
+  omgeving.steps = Stappen(mislukt_in);
   SiteResultaat resultaat;
   {
     ScopedFileSystem scoped(schijf);
     resultaat = MaakSite(dir_ / script, omgeving);
   }
-  SchrijfLog("close");
+  run_log.SchrijfLog("close");
 
   EXPECT_EQ(resultaat.onverwacht ? std::to_string(resultaat.onverwacht->number()) : "", onverwacht);
   const std::string log = LogPad(dir_ / script);

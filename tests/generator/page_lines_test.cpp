@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-#include "gallery/status.h"
+#include "base/status.h"
 #include "tests/generator/page_writer_fixture.h"
 
 namespace kiekbord {
@@ -69,7 +69,7 @@ TEST_F(PaginaRegelsTest, TheCreditMarkerMustStartTheLine) {
 }
 
 TEST_F(PaginaRegelsTest, StepBoundaryLogsNumberAndDescription) {
-  SiteRun run{settings_, gegevens_, NavigatieTeksten{}, kGelukt, {}};
+  SiteRun run{settings_, gegevens_, run_log_, melder_, NavigatieTeksten{}, kGelukt, {}};
   BinnenStapgrens(run, [] { throw RunError(fout::kDiskFull); });
   EXPECT_EQ(run.failed, kMislukt);
   // Any other failure gets the program's own number.

@@ -10,8 +10,8 @@
 #include <vector>
 
 #include "app/program_settings.h"
-#include "gallery/file_system.h"
-#include "generator/generation_log.h"
+#include "base/file_system.h"
+#include "base/generation_log.h"
 #include "generator/head_and_credit.h"
 #include "generator/site_run.h"
 #include "tests/support/golden.h"
@@ -43,16 +43,16 @@ class PaginaSchrijverTest : public ::testing::Test {
     gegevens_.kleur_achtergrond = "FFFFFF";
     gegevens_.kleur_tekst_in_kader = "405060";
     gegevens_.kleur_kader = "CCCCCC";
-    SchrijfLog("open:" + dir_ / "proef.log");
+    run_log_.SchrijfLog("open:" + dir_ / "proef.log");
   }
-  ~PaginaSchrijverTest() override { SchrijfLog("close"); }
+  ~PaginaSchrijverTest() override { run_log_.SchrijfLog("close"); }
 
   KopEnCredit Kop() const { return KopEnCreditVoor(settings_, kProefDatum); }
 
   // Runs `writer` on a fresh run state; returns the failed flag.
   template <typename Writer>
   std::int16_t Voer(Writer writer) {
-    SiteRun run{settings_, gegevens_, NavigatieTeksten{}, kGelukt, {}};
+    SiteRun run{settings_, gegevens_, run_log_, melder_, NavigatieTeksten{}, kGelukt, {}};
     writer(run);
     return run.failed;
   }
@@ -63,7 +63,8 @@ class PaginaSchrijverTest : public ::testing::Test {
   ProgramSettings settings_;
   SiteGegevens gegevens_;
   std::vector<std::string> log_;
-  ScopedLogObserver observer_{[this](const std::string& line) { log_.push_back(line); }};
+  GenerationLog run_log_{[this](const std::string& line) { log_.push_back(line); }};
+  StderrMelder melder_;
 };
 
 // The local disk, except that one file cannot be read and nothing can be

@@ -27,8 +27,8 @@
 #include <string>
 #include <vector>
 
-#include "gallery/file_system.h"
-#include "gallery/status.h"
+#include "base/file_system.h"
+#include "base/status.h"
 #include "generator/navigation_texts.h"
 #include "generator/overview_page.h"
 #include "generator/photo_pages.h"
@@ -93,7 +93,7 @@ class SchrijverGevalTest : public test::PaginaSchrijverTest,
         if (rest == "geen") test::WriteBytes(Uit(naam), "geen jpeg");
         else test::SchrijfProefFoto(Uit(naam), std::stoi(rest), std::stoi(rest.substr(rest.find('x') + 1)));
       } else if (sleutel == "vooraf") test::WriteBytes(Uit(naam), rest);
-      else if (sleutel == "navigatie") LeesNavigatieTeksten(DataBestand(waarde), navigatie_);
+      else if (sleutel == "navigatie") LeesNavigatieTeksten(DataBestand(waarde), navigatie_, run_log_);
       else if (sleutel == "meta_keywords") settings_.meta_keywords = waarde == "1";
       else if (sleutel == "meta_description") settings_.meta_description = waarde == "1";
       else if (sleutel == "icoon") std::filesystem::remove(settings_.program_dir + "kbicon.gif");
@@ -108,7 +108,7 @@ class SchrijverGevalTest : public test::PaginaSchrijverTest,
 
   std::int16_t Schrijf() {
     ScopedFileSystem scoped(toegang_);
-    SiteRun run{settings_, gegevens_, navigatie_, kGelukt, {}};
+    SiteRun run{settings_, gegevens_, run_log_, melder_, navigatie_, kGelukt, {}};
     std::istringstream namen(schrijvers_);
     for (std::string naam; run.failed == kGelukt && namen >> naam;) {
       if (naam == "titel") MaakTitelPagina(run, Kop());
@@ -141,7 +141,7 @@ class SchrijverGevalTest : public test::PaginaSchrijverTest,
 TEST_P(SchrijverGevalTest, WritesTheExpectedFilesAndLog) {
   LeesGeval();
   EXPECT_EQ(Schrijf(), verwacht_failed_) << ::testing::PrintToString(log_);
-  SchrijfLog("close");
+  run_log_.SchrijfLog("close");
 
   const std::string verwacht = Map() + "verwacht/";
   const test::Plaatshouders plaatshouders{{"@DATA@", test::TestDataDir()}, {"@UIT@", Uit("")}};

@@ -6,7 +6,7 @@
 
 #include <string>
 
-#include "gallery/status.h"
+#include "base/status.h"
 #include "generator/photo_pages.h"
 
 namespace kiekbord {

@@ -6,9 +6,9 @@
 #include <string>
 #include <vector>
 
-#include "app/program_info.h"
+#include "base/program_info.h"
 #include "app/program_settings.h"
-#include "gallery/file_system.h"
+#include "base/file_system.h"
 #include "generator/generation_run.h"
 #include "tests/generator/page_writer_fixture.h"
 #include "tests/support/golden.h"
@@ -34,7 +34,9 @@ class StandaardStappenTest : public ::testing::Test {
 
   SiteResultaat Run() {
     const ProgramSettings settings = LeesProgrammaInstellingen(dir_ / "programma/", dir_.path());
-    SiteOmgeving omgeving(settings);
+    GenerationLog log;
+    StderrMelder melder;
+    SiteOmgeving omgeving(settings, log, melder);
     omgeving.steps = StandaardStappen([] { return test::kProefDatum; });
     // The photo pages have their own tests.
     omgeving.steps.foto_paginas = nullptr;

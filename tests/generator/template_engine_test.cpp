@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "gallery/status.h"
+#include "base/status.h"
 #include "tests/support/test_support.h"
 
 namespace kiekbord {

@@ -96,10 +96,10 @@ bool Lijkt(Rgb a, Rgb b, int marge) {
 }
 
 LogOpname::LogOpname(const std::string& pad)
-    : observer_([this](const std::string& regel) { regels_.push_back(regel); }) {
-  SchrijfLog("open:" + pad);
+    : log_([this](const std::string& regel) { regels_.push_back(regel); }) {
+  log_.SchrijfLog("open:" + pad);
 }
 
-LogOpname::~LogOpname() { SchrijfLog("close"); }
+LogOpname::~LogOpname() { log_.SchrijfLog("close"); }
 
 }  // namespace kiekbord::test

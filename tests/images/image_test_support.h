@@ -10,8 +10,8 @@
 #include <string_view>
 #include <vector>
 
-#include "generator/generation_log.h"
-#include "images/failure_report.h"
+#include "base/generation_log.h"
+#include "base/failure_report.h"
 
 namespace kiekbord::test {
 
@@ -68,21 +68,18 @@ class LogOpname {
   LogOpname& operator=(const LogOpname&) = delete;
   const std::vector<std::string>& regels() const { return regels_; }
   void Wis() { regels_.clear(); }
+  GenerationLog& log() const { return log_; }
 
  private:
   std::vector<std::string> regels_;
-  ScopedLogObserver observer_;
+  mutable GenerationLog log_;
 };
 
 // Keeps the failure messages of image operations.
 class MeldingOpname : public FoutMelder {
  public:
-  MeldingOpname() : scoped_(*this) {}
   void Meld(const std::string& tekst) override { meldingen.push_back(tekst); }
   std::vector<std::string> meldingen;
-
- private:
-  ScopedFoutMelder scoped_;
 };
 
 }  // namespace kiekbord::test

@@ -56,14 +56,14 @@ TEST(ThumbnailKeuze, NameAndMarkerFileChooseTheLibraryAndAreLogged) {
     test::TempDir log_dir;
     test::LogOpname log(log_dir / "kiekbord.log");
     const std::string program_dir = geval.met_marker ? met_marker.path() : zonder_marker.path();
-    EXPECT_EQ(KiesThumbnailBibliotheek(geval.naam, program_dir), geval.bibliotheek) << geval.naam;
+    EXPECT_EQ(KiesThumbnailBibliotheek(geval.naam, program_dir, log.log()), geval.bibliotheek) << geval.naam;
     EXPECT_EQ(log.regels(), geval.regels);
   }
   // On this system: the name of BepaalOsNaam, the marker decides.
   test::TempDir log_dir;
   test::LogOpname log(log_dir / "kiekbord.log");
-  EXPECT_EQ(KiesThumbnailBibliotheek(met_marker.path()), ImageLibrary::kGdiPlus);
-  EXPECT_EQ(KiesThumbnailBibliotheek(zonder_marker.path()), ImageLibrary::kIjl11);
+  EXPECT_EQ(KiesThumbnailBibliotheek(met_marker.path(), log.log()), ImageLibrary::kGdiPlus);
+  EXPECT_EQ(KiesThumbnailBibliotheek(zonder_marker.path(), log.log()), ImageLibrary::kIjl11);
   EXPECT_EQ(log.regels(), (std::vector<std::string>{"(Windows " + BepaalOsNaam() + " gedetecteerd.)", marker, gdi,
                                                     "(Windows " + BepaalOsNaam() + " gedetecteerd.)", ijl}));
 }

@@ -8,7 +8,7 @@
 #include <regex>
 #include <string>
 
-#include "gallery/file_system.h"
+#include "base/file_system.h"
 #include "tests/support/test_support.h"
 
 namespace kiekbord {

@@ -4,7 +4,7 @@
 #include <gtest/gtest.h>
 #include <jconfig.h>
 
-#include "gallery/file_system.h"
+#include "base/file_system.h"
 #include "images/ijl_library.h"
 #include "tests/images/image_test_support.h"
 #include "tests/support/test_support.h"
@@ -170,7 +170,7 @@ TEST_F(PixelBibliotheek, ThumbnailSamplesWithoutAveraging) {
   const std::string foto = dir_ / "ruit.jpg";
   test::WriteBytes(foto, test::MaakJpeg(301, 200, [](int x, int y) { return x % 2 == 0 && y % 2 == 0 ? kRood : kBlauw; },
                                         {.kwaliteit = 100}));
-  ASSERT_TRUE(IJLMaakThumb(foto, dir_ / "ruit_tn.jpg").ok());
+  ASSERT_TRUE(IJLMaakThumb(foto, dir_ / "ruit_tn.jpg", log_.log(), meldingen_).ok());
   EXPECT_THAT(log_.regels(), ElementsAre("Aanmaken (IJL) thumbnail " + dir_.path() + "ruit_tn.jpg..."));
   const std::string jpeg = test::ReadBytes(dir_ / "ruit_tn.jpg");
   const test::Beeld thumb = test::LeesJpeg(jpeg);
@@ -183,9 +183,9 @@ TEST_F(PixelBibliotheek, ThumbnailSamplesWithoutAveraging) {
 }
 
 TEST_F(PixelBibliotheek, ThumbnailFailureIsShownAndNotPassedOn) {
-  EXPECT_EQ(IJLMaakThumb(dir_ / "weg.jpg", dir_ / "weg_tn.jpg").number(), 53);
+  EXPECT_EQ(IJLMaakThumb(dir_ / "weg.jpg", dir_ / "weg_tn.jpg", log_.log(), meldingen_).number(), 53);
   test::WriteBytes(dir_ / "tekst.jpg", "geen foto");
-  IJLMaakThumb(dir_ / "tekst.jpg", dir_ / "tekst_tn.jpg");
+  static_cast<void>(IJLMaakThumb(dir_ / "tekst.jpg", dir_ / "tekst_tn.jpg", log_.log(), meldingen_));
   EXPECT_THAT(log_.regels(), ElementsAre("File not found", "Failed to read JPG"));
   EXPECT_THAT(meldingen_.meldingen, ElementsAre("Fout 53 tijdens aanmaken IJL thumbnail.(File not found)",
                                                 "Fout 26002 tijdens aanmaken IJL thumbnail.(Failed to read JPG)"));
@@ -197,7 +197,7 @@ TEST_F(PixelBibliotheek, RotationTurnsAndKeepsABackup) {
   const std::string origineel = test::MaakJpeg(64, 32, [](int x, int) { return x < 32 ? kRood : kBlauw; });
   test::WriteBytes(foto, origineel);
 
-  ASSERT_TRUE(IJLRoteerImg(foto, "links", true).ok());
+  ASSERT_TRUE(IJLRoteerImg(foto, "links", true, meldingen_).ok());
   test::Beeld beeld = test::LeesJpeg(test::ReadBytes(foto));
   ASSERT_EQ(std::pair(beeld.breedte, beeld.hoogte), std::pair(32, 64));
   EXPECT_TRUE(test::Lijkt(beeld.At(16, 8), kBlauw, 40)) << "the right half turns to the top";
@@ -206,7 +206,7 @@ TEST_F(PixelBibliotheek, RotationTurnsAndKeepsABackup) {
   EXPECT_EQ(test::ReadBytes(dir_ / "Backup/foto.jpg"), origineel);
   EXPECT_FALSE(Fs().FileExists(foto + "_tmp"));
 
-  ASSERT_TRUE(IJLRoteerImg(foto, "rechts", true).ok());
+  ASSERT_TRUE(IJLRoteerImg(foto, "rechts", true, meldingen_).ok());
   beeld = test::LeesJpeg(test::ReadBytes(foto));
   EXPECT_EQ(beeld.breedte, 64);
   EXPECT_TRUE(test::Lijkt(beeld.At(8, 16), kRood, 40));
@@ -237,7 +237,7 @@ TEST_F(PixelBibliotheek, RotationReplacesThePhotoInOneStep) {
   test::WriteBytes(foto, origineel);
   WriteFails vol(foto);
   ScopedFileSystem scoped(vol);
-  EXPECT_EQ(IJLRoteerImg(foto, "rechts", false).number(), 61);
+  EXPECT_EQ(IJLRoteerImg(foto, "rechts", false, meldingen_).number(), 61);
   EXPECT_TRUE(vol.photo_there_while_writing);
   EXPECT_EQ(test::ReadBytes(foto), origineel);
   EXPECT_FALSE(Fs().FileExists(foto + "_tmp"));
@@ -249,8 +249,8 @@ TEST_F(PixelBibliotheek, RotationFailuresAreShownAndLeaveThePhotoAlone) {
   const std::string foto = dir_ / "foto.jpg";
   test::WriteBytes(foto, test::EffenJpeg(20, 10));
   test::WriteBytes(dir_ / "Backup", "a file where the folder should be");
-  EXPECT_EQ(IJLRoteerImg(foto, "links", true).number(), 26002);
-  IJLRoteerImg(dir_ / "weg.jpg", "links", false);
+  EXPECT_EQ(IJLRoteerImg(foto, "links", true, meldingen_).number(), 26002);
+  static_cast<void>(IJLRoteerImg(dir_ / "weg.jpg", "links", false, meldingen_));
   EXPECT_THAT(meldingen_.meldingen, ElementsAre("Fout 26002 tijdens roteren foto.(Error creating backup.)",
                                                 "Fout 53 tijdens roteren foto.(File not found)"));
   EXPECT_EQ(test::LeesJpeg(test::ReadBytes(foto)).breedte, 20);

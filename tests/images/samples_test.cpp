@@ -10,7 +10,7 @@
 #include <filesystem>
 #include <optional>
 
-#include "gallery/file_system.h"
+#include "base/file_system.h"
 #include "images/ijl_library.h"
 #include "images/pixel_edit.h"
 #include "images/smooth_library.h"
@@ -63,7 +63,7 @@ TEST_F(Monsters, ThumbnailOfEverySampleWithBothLibraries) {
     for (const std::string& monster : monsters) {
       SCOPED_TRACE(std::string(bibliotheek) + " " + std::filesystem::path(monster).filename().string());
       const std::size_t meldingen_voor = meldingen_.meldingen.size();
-      const Status status = maak(monster, thumb);
+      const Status status = maak(monster, thumb, log_.log(), meldingen_);
       EXPECT_EQ(meldingen_.meldingen.size(), meldingen_voor + (status.ok() ? 0 : 1));
       if (!status.ok()) {
         EXPECT_THAT(meldingen_.meldingen.back(), StartsWith("Fout "));
@@ -96,7 +96,7 @@ TEST_F(Monsters, RotationWithBothLibraries) {
     if (voor && std::int64_t{voor->breedte} * voor->hoogte > 16'000'000) continue;
     for (const auto& [roteer, richting] : {std::pair{&GDIRoteerImg, "links"}, {&IJLRoteerImg, "rechts"}}) {
       test::WriteBytes(foto, origineel);
-      const bool gelukt = roteer(foto, richting, false).ok();
+      const bool gelukt = roteer(foto, richting, false, meldingen_).ok();
       const std::string na = test::ReadBytes(foto);
       const auto erna = KopMaat(na);
       if (!gelukt) {

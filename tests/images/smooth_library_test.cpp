@@ -3,7 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "gallery/file_system.h"
+#include "base/file_system.h"
 #include "images/photo_backup.h"
 #include "tests/images/image_test_support.h"
 #include "tests/support/test_support.h"
@@ -83,7 +83,7 @@ TEST_F(GladdeBewerking, ThumbnailSizesAndLogLine) {
     log_.Wis();
     const std::string foto = dir_ / "maat.jpg";
     test::WriteBytes(foto, test::EffenJpeg(geval.breedte, geval.hoogte, {200, 120, 40}, {.progressief = geval.progressief}));
-    ASSERT_TRUE(GDIMaakThumb(foto, dir_ / "maat_tn.jpg").ok());
+    ASSERT_TRUE(GDIMaakThumb(foto, dir_ / "maat_tn.jpg", log_.log(), meldingen_).ok());
     EXPECT_THAT(log_.regels(), ElementsAre("Aanmaken (GDI) thumbnail " + dir_.path() + "maat_tn.jpg..."));
     const std::string jpeg = test::ReadBytes(dir_ / "maat_tn.jpg");
     const test::Beeld thumb = test::LeesJpeg(jpeg);
@@ -98,7 +98,7 @@ TEST_F(GladdeBewerking, ThumbnailSmoothsInsteadOfSampling) {
   const std::string foto = dir_ / "ruit.jpg";
   test::WriteBytes(foto, test::MaakJpeg(301, 200, [](int x, int y) { return x % 2 == 0 && y % 2 == 0 ? kRood : kBlauw; },
                                         {.kwaliteit = 100}));
-  ASSERT_TRUE(GDIMaakThumb(foto, dir_ / "ruit_tn.jpg").ok());
+  ASSERT_TRUE(GDIMaakThumb(foto, dir_ / "ruit_tn.jpg", log_.log(), meldingen_).ok());
   const test::Beeld thumb = test::LeesJpeg(test::ReadBytes(dir_ / "ruit_tn.jpg"));
   // A quarter red and three quarters blue, averaged.
   const test::Rgb midden = thumb.At(75, 50);
@@ -112,7 +112,7 @@ TEST_F(GladdeBewerking, ThumbnailFailureIsLoggedShownAndPassedOn) {
   const std::string png = "Cannot load image: Not a JPEG file: starts with 0x89 0x50";
   const std::string groot = "Image too large: 65000 x 65000 pixels";  // refused before decoding
   for (const auto& [naam, fout] : {std::pair{"png", png}, {"weg", "File not found"}, {"groot", groot}}) {
-    const Status status = GDIMaakThumb(dir_ / naam + ".jpg", dir_ / naam + "_tn.jpg");
+    const Status status = GDIMaakThumb(dir_ / naam + ".jpg", dir_ / naam + "_tn.jpg", log_.log(), meldingen_);
     EXPECT_EQ(std::pair(status.number(), status.description()), std::pair(26002, fout));
     EXPECT_FALSE(Fs().FileExists(dir_ / naam + "_tn.jpg"));
   }
@@ -130,7 +130,7 @@ TEST_F(GladdeBewerking, DamagedPhotosStillGetAThumbnail) {
   test::WriteBytes(dir_ / "half.jpg", afgebroken);
   test::WriteBytes(dir_ / "leeg.jpg", test::KaleKop(6000, 4000));
   for (const auto& [naam, breedte] : {std::pair{"half", 128}, {"leeg", 150}}) {
-    ASSERT_TRUE(GDIMaakThumb(dir_ / naam + ".jpg", dir_ / naam + "_tn.jpg").ok()) << naam;
+    ASSERT_TRUE(GDIMaakThumb(dir_ / naam + ".jpg", dir_ / naam + "_tn.jpg", log_.log(), meldingen_).ok()) << naam;
     EXPECT_EQ(test::LeesJpeg(test::ReadBytes(dir_ / naam + "_tn.jpg")).breedte, breedte) << naam;
   }
   const test::Beeld thumb = test::LeesJpeg(test::ReadBytes(dir_ / "leeg_tn.jpg"));
@@ -143,7 +143,7 @@ TEST_F(GladdeBewerking, RotationAtQuality100WithBackup) {
   const std::string origineel = test::MaakJpeg(64, 32, [](int x, int) { return x < 32 ? kRood : kBlauw; });
   test::WriteBytes(foto, origineel);
 
-  ASSERT_TRUE(GDIRoteerImg(foto, "links", true).ok());
+  ASSERT_TRUE(GDIRoteerImg(foto, "links", true, meldingen_).ok());
   test::Beeld beeld = test::LeesJpeg(test::ReadBytes(foto));
   ASSERT_EQ(std::pair(beeld.breedte, beeld.hoogte), std::pair(32, 64));
   EXPECT_TRUE(test::Lijkt(beeld.At(16, 8), kBlauw, 40)) << "the right half turns to the top";
@@ -151,7 +151,7 @@ TEST_F(GladdeBewerking, RotationAtQuality100WithBackup) {
   EXPECT_EQ(test::ReadBytes(dir_ / "Backup/foto.jpg"), origineel);
   EXPECT_FALSE(Fs().FileExists(dir_ / "foto_tmp.jpg"));
 
-  ASSERT_TRUE(GDIRoteerImg(foto, "rechts", true).ok());
+  ASSERT_TRUE(GDIRoteerImg(foto, "rechts", true, meldingen_).ok());
   beeld = test::LeesJpeg(test::ReadBytes(foto));
   EXPECT_EQ(std::pair(beeld.breedte, beeld.hoogte), std::pair(64, 32));
   EXPECT_TRUE(test::Lijkt(beeld.At(8, 16), kRood, 40));
@@ -165,7 +165,7 @@ TEST_F(GladdeBewerking, ShrinkToAnExactSizeAtTheCodesQuality) {
   const std::string foto = dir_ / "foto.jpg";
   for (const auto& [code, eerste_waarde] : {std::pair{0, 1}, {1, 6}, {2, 13}, {7, 1}}) {
     test::WriteBytes(foto, test::EffenJpeg(400, 300));
-    ASSERT_TRUE(GDIVerkleinImg(foto, 123, 45, code, false).ok());
+    ASSERT_TRUE(GDIVerkleinImg(foto, 123, 45, code, false, meldingen_).ok());
     const test::Beeld beeld = test::LeesJpeg(test::ReadBytes(foto));
     EXPECT_EQ(std::pair(beeld.breedte, beeld.hoogte), std::pair(123, 45));
     EXPECT_EQ(test::EersteKwantisatieWaarde(test::ReadBytes(foto)), eerste_waarde) << "code " << code;
@@ -176,16 +176,16 @@ TEST_F(GladdeBewerking, ShrinkToAnExactSizeAtTheCodesQuality) {
 TEST_F(GladdeBewerking, EditFailuresLeaveThePhotoAlone) {
   const std::string origineel = test::EffenJpeg(40, 30);
   test::WriteBytes(dir_ / "HOOFD.JPG", origineel);
-  EXPECT_EQ(GDIRoteerImg(dir_ / "HOOFD.JPG", "links", false).number(), 53);
+  EXPECT_EQ(GDIRoteerImg(dir_ / "HOOFD.JPG", "links", false, meldingen_).number(), 53);
   EXPECT_EQ(test::ReadBytes(dir_ / "HOOFD.JPG"), origineel);
 
   test::WriteBytes(dir_ / "tekst.jpg", "geen foto");
-  EXPECT_EQ(GDIVerkleinImg(dir_ / "tekst.jpg", 10, 10, 0, false).number(), 26002);
+  EXPECT_EQ(GDIVerkleinImg(dir_ / "tekst.jpg", 10, 10, 0, false, meldingen_).number(), 26002);
   EXPECT_EQ(test::ReadBytes(dir_ / "tekst.jpg"), "geen foto");
 
   test::WriteBytes(dir_ / "Backup", "a file where the folder should be");
   test::WriteBytes(dir_ / "foto.jpg", origineel);
-  GDIVerkleinImg(dir_ / "foto.jpg", 10, 10, 0, true);
+  static_cast<void>(GDIVerkleinImg(dir_ / "foto.jpg", 10, 10, 0, true, meldingen_));
 
   ASSERT_EQ(meldingen_.meldingen.size(), 3u);
   EXPECT_EQ(meldingen_.meldingen[0], "Fout 53 tijdens roteren foto (GDI).\n(File not found)");
@@ -206,7 +206,7 @@ TEST_F(GladdeBewerking, FailedReplacementNeverLosesThePhoto) {
   test::WriteBytes(dir_ / "foto.jpg", origineel);
   RenameFails fs;
   ScopedFileSystem scoped(fs);
-  EXPECT_EQ(GDIRoteerImg(dir_ / "foto.jpg", "rechts", false).number(), 70);
+  EXPECT_EQ(GDIRoteerImg(dir_ / "foto.jpg", "rechts", false, meldingen_).number(), 70);
   EXPECT_EQ(test::ReadBytes(dir_ / "foto.jpg"), origineel);
   EXPECT_THAT(meldingen_.meldingen, ElementsAre("Fout 70 tijdens roteren foto (GDI).\n(Permission denied)"));
 }

@@ -12,11 +12,11 @@
 #include <mutex>
 #include <optional>
 
-#include "gallery/file_system.h"
-#include "gallery/keyed_text_file.h"
-#include "gallery/text.h"
+#include "base/file_system.h"
+#include "base/keyed_text_file.h"
+#include "base/text.h"
 #include "generator/site_run.h"
-#include "generator/text_helpers.h"
+#include "base/text_helpers.h"
 #include "images/library_choice.h"
 #include "tests/images/image_test_support.h"
 #include "tests/support/test_support.h"
@@ -95,7 +95,8 @@ class ThumbnailRun : public ::testing::Test {
     const test::LogOpname log(log_dir_ / "run.log");
     const ThumbnailOpties opties{library == ImageLibrary::kGdiPlus ? met_marker_.path() : zonder_marker_.path(),
                                  gelijktijdig, [this](int gedaan, int totaal) { voortgang_.emplace_back(gedaan, totaal); }};
-    const bool fout = MaakThumbnails(dir.empty() ? Dir() : dir, static_cast<int>(namen.size()), namen, opties);
+    const bool fout = MaakThumbnails(dir.empty() ? Dir() : dir, static_cast<int>(namen.size()), namen, opties, log.log(),
+                                     meldingen_);
     regels_ = log.regels();
     return fout;
   }
@@ -410,10 +411,11 @@ TEST_F(ThumbnailRun, IsTheGenerationsThumbnailStep) {
   gegevens.uitvoer_dir = Dir();
   gegevens.foto_namen = {"a.jpg"};
   std::vector<int> voortgang;
-  SiteRun run{settings, gegevens, NavigatieTeksten{}, kGelukt, [&](int gedaan, int) { voortgang.push_back(gedaan); }};
+  const test::LogOpname log(log_dir_ / "run.log");
+  SiteRun run{settings, gegevens, log.log(), meldingen_, NavigatieTeksten{}, kGelukt,
+              [&](int gedaan, int) { voortgang.push_back(gedaan); }};
   const SiteSteps steps = StandaardStappen();
   ASSERT_TRUE(steps.thumbnails);
-  const test::LogOpname log(log_dir_ / "run.log");
   steps.thumbnails(run);
   EXPECT_EQ(run.failed, kGelukt);
   EXPECT_TRUE(Fs().FileExists(fotos_ / "a_tn.jpg"));

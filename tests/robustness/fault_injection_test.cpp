@@ -13,7 +13,7 @@
 #include <ostream>
 #include <set>
 
-#include "gallery/text.h"
+#include "base/text.h"
 #include "tests/robustness/gallery_fixture.h"
 
 namespace kiekbord::test {

@@ -14,9 +14,9 @@
 #include <vector>
 
 #include "app/program_settings.h"
-#include "gallery/file_system.h"
+#include "base/file_system.h"
 #include "generator/generation_run.h"
-#include "images/failure_report.h"
+#include "base/failure_report.h"
 #include "tests/support/golden.h"
 #include "tests/support/test_photos.h"
 #include "tests/support/test_support.h"
@@ -39,7 +39,7 @@ inline Inhoud InhoudVan(const std::string& map) {
 // Its name is what `ctest -R Robuustheid` picks the robustness tests by.
 class Robuustheid : public ::testing::Test, public FoutMelder {
  protected:
-  Robuustheid() : melder_(*this) {
+  Robuustheid() {
     KopieerMap(TestDataDir() + "../../data", Programma());
     std::filesystem::create_directories(Uit());
     fotos_ = {{"strand.jpg", ReadBytes(kMonsters + "exifsamples__Canon_PowerShot_S40.jpg")},
@@ -71,11 +71,11 @@ class Robuustheid : public ::testing::Test, public FoutMelder {
     log_.clear();
     meldingen_.clear();
     const ProgramSettings settings = LeesProgrammaInstellingen(Programma(), dir_.path());
-    SiteOmgeving omgeving(settings);
+    GenerationLog run_log([this](const std::string& regel) { log_.push_back(regel); });
+    SiteOmgeving omgeving(settings, run_log, *this);
     omgeving.steps = StandaardStappen([] {
       return std::chrono::year_month_day{std::chrono::year{2026}, std::chrono::month{11}, std::chrono::day{21}};
     });
-    omgeving.observer = [this](const std::string& regel) { log_.push_back(regel); };
     return MaakSite(Script(), omgeving);
   }
 
@@ -90,7 +90,6 @@ class Robuustheid : public ::testing::Test, public FoutMelder {
   std::map<std::string, std::string> fotos_;
   std::vector<std::string> log_;
   std::vector<std::string> meldingen_;
-  ScopedFoutMelder melder_;
 };
 
 }  // namespace kiekbord::test

@@ -100,9 +100,9 @@ TEST_F(Robuustheid, HostilePhotosGetAClearErrorAndStayAsTheyWere) {
     FoutMeldingen bewerkingen;
     VerkleinOpdracht verklein;
     verklein.breedte = verklein.hoogte = 100;
-    EXPECT_EQ(RoteerFoto("XP", Uit() + v.naam, kLinksom, true).ok(), pixel.empty());
-    EXPECT_EQ(RoteerFoto("Unknown (3.6.1)", Uit() + v.naam, kRechtsom, true).ok(), pixel.empty());
-    EXPECT_EQ(VerkleinFoto(Uit() + v.naam, verklein, true).ok(), pixel.empty());
+    EXPECT_EQ(RoteerFoto("XP", Uit() + v.naam, kLinksom, true, bewerkingen).ok(), pixel.empty());
+    EXPECT_EQ(RoteerFoto("Unknown (3.6.1)", Uit() + v.naam, kRechtsom, true, bewerkingen).ok(), pixel.empty());
+    EXPECT_EQ(VerkleinFoto(Uit() + v.naam, verklein, true, bewerkingen).ok(), pixel.empty());
     if (pixel.empty()) continue;
     std::vector<std::string> teksten;
     for (const Melding& m : bewerkingen.meldingen()) teksten.push_back(m.tekst);

@@ -25,7 +25,7 @@
 #include "editor/photo_import.h"
 #include "editor/photo_list.h"
 #include "editor/wizard_rules.h"
-#include "gallery/file_system.h"
+#include "base/file_system.h"
 #include "generator/generation_run.h"
 #include "tests/ui/window_fixture.h"
 #include "ui/generation_progress.h"
@@ -916,7 +916,9 @@ void MainWindowTest::finishSavesAndGeneratesAsADirectRunWould() {
     if (!naam.endsWith(QStringLiteral(".jpg")) || naam.endsWith(QStringLiteral("_tn.jpg"))) QVERIFY(map.remove(naam));
   }
   QVERIFY(door_venster.contains(QStringLiteral("haven_tn.jpg")));
-  SiteOmgeving omgeving{o.settings};
+  GenerationLog run_log;
+  StderrMelder melder;
+  SiteOmgeving omgeving{o.settings, run_log, melder};
   QCOMPARE(MaakSite(script, omgeving).failed, kGelukt);
   QCOMPARE(Lees(o.basis + "zomer.log"), log);
   QCOMPARE(map.entryList(QDir::Files).size(), static_cast<qsizetype>(door_venster.size()));

@@ -16,7 +16,7 @@
 
 #include <functional>
 
-#include "gallery/file_system.h"
+#include "base/file_system.h"
 #include "images/photo_properties.h"
 #include "tests/ui/window_fixture.h"
 #include "ui/desktop_services.h"

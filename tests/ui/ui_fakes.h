@@ -12,7 +12,7 @@
 #include <QColor>
 
 #include "app/user_preferences.h"
-#include "gallery/melding.h"
+#include "base/melding.h"
 #include "ui/common_dialogs.h"
 #include "ui/desktop_services.h"
 #include "ui/message_boxes.h"

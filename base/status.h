@@ -13,6 +13,7 @@ namespace kiekbord {
 
 namespace fout {
 inline constexpr int kOverflow = 6;
+inline constexpr int kOutOfMemory = 7;
 inline constexpr int kSubscriptOutOfRange = 9;
 inline constexpr int kBadFileName = 52;
 inline constexpr int kFileNotFound = 53;
@@ -33,7 +34,7 @@ std::string ErrorDescription(int number);
 // Maps a C errno value onto the error table.
 int ErrorNumberFromErrno(int errno_value);
 
-class Status {
+class [[nodiscard]] Status {
  public:
   Status() = default;
   static Status Ok() { return Status(); }
@@ -57,6 +58,11 @@ class Status {
   int number_ = 0;
   std::string description_;
 };
+
+// The Status of the exception being handled; call only inside a catch
+// block. A RunError gives its own status, lack of memory kOutOfMemory, any
+// other exception kProgramError with its message.
+Status StatusVanUitzondering();
 
 // Raised where the program's classic behaviour is to abandon an operation at
 // once (a table overflow, a text beyond the 16-bit limits, an unwritable log).

@@ -1,4 +1,4 @@
-#include "gallery/text.h"
+#include "base/text.h"
 
 #include <gtest/gtest.h>
 

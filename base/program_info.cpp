@@ -1,4 +1,4 @@
-#include "app/program_info.h"
+#include "base/program_info.h"
 
 #ifndef KIEKBORD_REVISION
 #define KIEKBORD_REVISION 0

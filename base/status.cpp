@@ -1,6 +1,8 @@
-#include "gallery/status.h"
+#include "base/status.h"
 
 #include <cerrno>
+#include <exception>
+#include <new>
 
 namespace kiekbord {
 
@@ -8,6 +10,7 @@ std::string ErrorDescription(int number) {
   switch (number) {
     case 0: return "";
     case fout::kOverflow: return "Overflow";
+    case fout::kOutOfMemory: return "Out of memory";
     case fout::kSubscriptOutOfRange: return "Subscript out of range";
     case fout::kBadFileName: return "Bad file name or number";
     case fout::kFileNotFound: return "File not found";
@@ -42,6 +45,20 @@ int ErrorNumberFromErrno(int errno_value) {
 
 std::string Status::CountSlotText() const {
   return "%Error " + std::to_string(number_) + " " + description_;
+}
+
+Status StatusVanUitzondering() {
+  try {
+    throw;
+  } catch (const RunError& error) {
+    return error.status();
+  } catch (const std::bad_alloc&) {
+    return Status::Error(fout::kOutOfMemory);
+  } catch (const std::exception& error) {
+    return Status::Error(fout::kProgramError, error.what());
+  } catch (...) {
+    return Status::Error(fout::kProgramError);
+  }
 }
 
 }  // namespace kiekbord

@@ -1,4 +1,4 @@
-#include "gallery/dutch_date.h"
+#include "base/dutch_date.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "gallery/keyed_text_file.h"
+#include "base/keyed_text_file.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "gallery/file_system.h"
+#include "base/file_system.h"
 
 #include <dirent.h>
 #include <fcntl.h>
@@ -10,7 +10,7 @@
 #include <cerrno>
 #include <cstring>
 
-#include "gallery/text.h"
+#include "base/text.h"
 
 namespace kiekbord {
 namespace {

@@ -1,8 +1,8 @@
-#include "generator/text_helpers.h"
+#include "base/text_helpers.h"
 
 #include <gtest/gtest.h>
 
-#include "gallery/status.h"
+#include "base/status.h"
 
 namespace kiekbord {
 namespace {

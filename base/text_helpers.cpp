@@ -1,11 +1,11 @@
-#include "generator/text_helpers.h"
+#include "base/text_helpers.h"
 
 #include <array>
 #include <cmath>
 #include <cstdio>
 
-#include "gallery/status.h"
-#include "gallery/text.h"
+#include "base/status.h"
+#include "base/text.h"
 
 namespace kiekbord {
 namespace {

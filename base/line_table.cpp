@@ -1,8 +1,8 @@
-#include "gallery/line_table.h"
+#include "base/line_table.h"
 
 #include <algorithm>
 
-#include "gallery/text.h"
+#include "base/text.h"
 
 namespace kiekbord {
 

@@ -1,0 +1,41 @@
+// The generation log: one plain line per message, ended by CR LF.
+//
+// A run is handed its own log object. SchrijfLog("open:" + path) creates the
+// file anew, SchrijfLog("close") closes it, and any other text becomes one
+// line. Each line also goes to the log's observer, in order, so a window or a
+// terminal can show progress.
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <mutex>
+#include <string>
+#include <string_view>
+
+namespace kiekbord {
+
+class AppendFile;
+
+using LogObserver = std::function<void(const std::string& line)>;
+
+class GenerationLog {
+ public:
+  explicit GenerationLog(LogObserver observer = {});
+  ~GenerationLog();
+  GenerationLog(const GenerationLog&) = delete;
+  GenerationLog& operator=(const GenerationLog&) = delete;
+
+  // Writes one log line, or opens or closes the log as described above.
+  // Throws RunError when the log cannot be created or written, or when a
+  // line is written while no log is open (52, "Bad file name or number").
+  void SchrijfLog(std::string_view text);
+
+ private:
+  void Close();
+
+  std::mutex mutex_;
+  std::unique_ptr<AppendFile> file_;
+  LogObserver observer_;
+};
+
+}  // namespace kiekbord

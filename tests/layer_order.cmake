@@ -1,0 +1,32 @@
+# Fails when a product source includes a header of its own layer's superiors
+# or of a sibling layer. Run as: cmake -DSOURCE_DIR=... -P layer_order.cmake
+# Each layer may include itself and the layers listed after it.
+cmake_minimum_required(VERSION 3.25)
+
+set(allowed_base base)
+set(allowed_gallery gallery base)
+set(allowed_images images base)
+set(allowed_app app images base)
+set(allowed_generator generator app gallery images base)
+set(allowed_editor editor generator app gallery images base)
+set(allowed_cli cli generator app gallery images base)
+set(allowed_ui ui editor generator app gallery images base)
+
+set(violations "")
+foreach(layer base gallery images app generator editor cli ui)
+  file(GLOB sources "${SOURCE_DIR}/${layer}/*.h" "${SOURCE_DIR}/${layer}/*.cpp")
+  foreach(source IN LISTS sources)
+    file(STRINGS "${source}" includes REGEX "^#include \"[a-z_]+/")
+    foreach(line IN LISTS includes)
+      string(REGEX REPLACE "^#include \"([a-z_]+)/.*" "\\1" target "${line}")
+      if(NOT target IN_LIST allowed_${layer})
+        file(RELATIVE_PATH name "${SOURCE_DIR}" "${source}")
+        list(APPEND violations "${name}: ${line}")
+      endif()
+    endforeach()
+  endforeach()
+endforeach()
+if(violations)
+  list(JOIN violations "\n  " text)
+  message(FATAL_ERROR "Includes against the layer order:\n  ${text}")
+endif()
