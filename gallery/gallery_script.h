@@ -59,6 +59,29 @@ struct GalleryScript {
   bool operator==(const GalleryScript&) const = default;
 };
 
+// The script's sections and keys. The reader, the writer and the generation
+// run all name them through these constants and the two tables below.
+namespace script_sleutel {
+inline constexpr std::string_view kKiekbord = "Kiekbord";
+inline constexpr std::string_view kAlgemeen = "Algemeen";
+inline constexpr std::string_view kInstellingen = "Instellingen";
+inline constexpr std::string_view kAanmaakdatum = "Aanmaakdatum";
+inline constexpr std::string_view kVersie = "Versie";
+inline constexpr std::string_view kOpmerking = "Opmerking";
+inline constexpr std::string_view kInvoerDir = "InvoerDir";
+inline constexpr std::string_view kUitvoerDir = "UitvoerDir";
+inline constexpr std::string_view kTitel = "Titel";
+inline constexpr std::string_view kSubtitel = "Subtitel";
+inline constexpr std::string_view kDatum = "Datum";
+inline constexpr std::string_view kBeschrijving = "Beschrijving";
+inline constexpr std::string_view kThumbnails = "Thumbnails";
+inline constexpr std::string_view kAantalFotos = "AantalFotos";
+inline constexpr std::string_view kFoto = "Foto";
+inline constexpr std::string_view kBijschrift = "Bijschrift";
+inline constexpr std::string_view kSjabloon = "Sjabloon";
+inline constexpr std::string_view kAantalFotosPerPagina = "AantalFotosPerPagina";
+}  // namespace script_sleutel
+
 // The lists of choices, in list order; the script stores the 0-based index.
 inline constexpr std::array<std::string_view, 2> kPresentaties = {"Handmatig", "Automatisch"};
 inline constexpr std::array<std::string_view, 3> kPositiesFotos = {
@@ -96,21 +119,24 @@ inline constexpr std::array<KeuzeVeld, 8> kKeuzeVelden = {{
 }};
 
 // One colour of "[Instellingen]": its key, its place in the record, the colour
-// a script without the key reads as, and the colour taken when the value is
-// neither a number nor an HTML colour.
+// a script without the key reads as, the colour taken when the value is
+// neither a number nor an HTML colour, and the colour the generation run
+// reads a missing key as. The run's default for the text in the photo frame
+// is black where the window's is white; each side keeps its own.
 struct KleurVeld {
   std::string_view sleutel;
   std::int32_t GalleryScript::*kleur;
   std::int32_t standaard;
   std::int32_t terugval;
+  std::int32_t run_standaard;
 };
 
 // The colours in the order the script writes them.
 inline constexpr std::array<KleurVeld, 4> kKleurVelden = {{
-    {"KleurTekstOpAchtergrond", &GalleryScript::kleur_tekst_op_achtergrond, 0, 0},
-    {"KleurAchtergrond", &GalleryScript::kleur_achtergrond, 16777215, 16777215},
-    {"KleurTekstInKader", &GalleryScript::kleur_tekst_in_kader, 16777215, 0},
-    {"KleurKader", &GalleryScript::kleur_kader, 13421772, 13421772},
+    {"KleurTekstOpAchtergrond", &GalleryScript::kleur_tekst_op_achtergrond, 0, 0, 0},
+    {"KleurAchtergrond", &GalleryScript::kleur_achtergrond, 16777215, 16777215, 16777215},
+    {"KleurTekstInKader", &GalleryScript::kleur_tekst_in_kader, 16777215, 0, 0},
+    {"KleurKader", &GalleryScript::kleur_kader, 13421772, 13421772, 13421772},
 }};
 
 // The photo section of photo `nummer` (from 1): "Foto" and the number with

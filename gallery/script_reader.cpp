@@ -15,9 +15,8 @@
 namespace kiekbord {
 namespace {
 
-constexpr std::string_view kKiekbord = "Kiekbord";
-constexpr std::string_view kAlgemeen = "Algemeen";
-constexpr std::string_view kInstellingen = "Instellingen";
+using namespace script_sleutel;
+
 constexpr std::string_view kFotobijschriften = "Fotobijschriften";
 constexpr std::string_view kOudeFotoSleutel = "Foto:*";
 // Stands in for a missing "KleurTekstOpAchtergrond"; no colour reads as it.
@@ -98,15 +97,15 @@ bool BevatFotos(const std::string& directory) {
   return Fs().ListFiles(directory, "*.jpg", namen).ok() && !namen.empty();
 }
 
-// --- Steps 3 and 4: the directories ------------------------------------------
+// --- The directories -----------------------------------------------------------
 
 void LeesMappen(const LineTable& tabel, const LeesOmgeving& omgeving, MapControle& mappen,
                 ScriptGelezen& gelezen) {
   GalleryScript& script = gelezen.script;
-  script.invoer_dir = Algemeen(tabel, "InvoerDir", omgeving.standaard_dir);
+  script.invoer_dir = Algemeen(tabel, kInvoerDir, omgeving.standaard_dir);
   mappen.ControleerInvoerDir(script.invoer_dir);
 
-  script.uitvoer_dir = Algemeen(tabel, "UitvoerDir", omgeving.standaard_dir);
+  script.uitvoer_dir = Algemeen(tabel, kUitvoerDir, omgeving.standaard_dir);
   if (!mappen.ControleerUitvoerDir(script.uitvoer_dir)) return;
   if (BevatFotos(script.uitvoer_dir)) {
     gelezen.fotos_laden = true;
@@ -116,14 +115,14 @@ void LeesMappen(const LineTable& tabel, const LeesOmgeving& omgeving, MapControl
   mappen.HercontroleerInvoerDir();
 }
 
-// --- Steps 5 and 6 -------------------------------------------------------------
+// --- The texts -------------------------------------------------------------------
 
 void LeesTeksten(const LineTable& tabel, GalleryScript& script) {
-  script.titel = Algemeen(tabel, "Titel");
-  script.subtitel = Algemeen(tabel, "Subtitel");
-  script.datum = Algemeen(tabel, "Datum");
-  script.beschrijving = WaardeAlsBeschrijving(Algemeen(tabel, "Beschrijving"));
-  script.thumbnails = LeadingNumber(Algemeen(tabel, "Thumbnails", "0")) != 0;
+  script.titel = Algemeen(tabel, kTitel);
+  script.subtitel = Algemeen(tabel, kSubtitel);
+  script.datum = Algemeen(tabel, kDatum);
+  script.beschrijving = WaardeAlsBeschrijving(Algemeen(tabel, kBeschrijving));
+  script.thumbnails = LeadingNumber(Algemeen(tabel, kThumbnails, "0")) != 0;
 }
 
 // --- Photos of the current form ------------------------------------------------
@@ -134,19 +133,19 @@ bool IsHuidigeFotonaam(const std::string& naam) { return CharCount(naam) >= 6 &&
 
 bool HeeftBijschriftenHuidig(const LineTable& tabel, const std::vector<long long>& nummers) {
   return std::any_of(nummers.begin(), nummers.end(), [&](long long nummer) {
-    return !LeesWaarde(tabel, FotoSectie(nummer), "Bijschrift", "").empty();
+    return !LeesWaarde(tabel, FotoSectie(nummer), kBijschrift, "").empty();
   });
 }
 
 void LeesFotosHuidig(const LineTable& tabel, const std::vector<long long>& nummers, ScriptGelezen& gelezen) {
   for (const long long nummer : nummers) {
     const std::string sectie = FotoSectie(nummer);
-    std::string naam = LeesWaarde(tabel, sectie, "Foto", "");
+    std::string naam = LeesWaarde(tabel, sectie, kFoto, "");
     if (!IsHuidigeFotonaam(naam)) continue;
     ++gelezen.vermeldingen;
     // Missing photos are dropped without a word in this form.
     if (!FotoBestaat(gelezen.script.uitvoer_dir, naam)) continue;
-    gelezen.script.fotos.push_back({std::move(naam), LeesWaarde(tabel, sectie, "Bijschrift", "")});
+    gelezen.script.fotos.push_back({std::move(naam), LeesWaarde(tabel, sectie, kBijschrift, "")});
   }
 }
 
@@ -196,7 +195,7 @@ void LeesFotosOud(const std::vector<std::string>& regels, ScriptGelezen& gelezen
   if (gelezen.vermeldingen > gevonden) gelezen.meldingen.push_back(FotosOntbreken(gelezen.vermeldingen, gevonden));
 }
 
-// --- Steps 7 to 12 ---------------------------------------------------------------
+// --- The photos, in either form ---------------------------------------------------
 
 void LeesFotos(const LineTable& tabel, ScriptGelezen& gelezen) {
   if (gelezen.ouder_formaat) {
@@ -208,7 +207,7 @@ void LeesFotos(const LineTable& tabel, ScriptGelezen& gelezen) {
     }
     return;
   }
-  const double n = std::nearbyint(LeadingNumber(Algemeen(tabel, "AantalFotos", "0")));
+  const double n = std::nearbyint(LeadingNumber(Algemeen(tabel, kAantalFotos, "0")));
   const std::vector<long long> nummers = FotoSectieNummers(tabel, n);
   if (gelezen.fotos_laden) {
     LeesFotosHuidig(tabel, nummers, gelezen);
@@ -217,10 +216,10 @@ void LeesFotos(const LineTable& tabel, ScriptGelezen& gelezen) {
   }
 }
 
-// --- Steps 13 to 15 ---------------------------------------------------------------
+// --- The presentation ---------------------------------------------------------------
 
 void LeesSjabloon(const LineTable& tabel, const LeesOmgeving& omgeving, ScriptGelezen& gelezen) {
-  const std::string naam = Instelling(tabel, "Sjabloon", "");
+  const std::string naam = Instelling(tabel, kSjabloon, "");
   std::string& sjabloon = gelezen.script.sjabloon;
   if (naam.empty()) {
     sjabloon = omgeving.huidig_sjabloon;
@@ -233,7 +232,7 @@ void LeesSjabloon(const LineTable& tabel, const LeesOmgeving& omgeving, ScriptGe
 }
 
 void LeesKeuzes(const LineTable& tabel, GalleryScript& script) {
-  script.aantal_fotos_per_pagina = Instelling(tabel, "AantalFotosPerPagina", "1");
+  script.aantal_fotos_per_pagina = Instelling(tabel, kAantalFotosPerPagina, "1");
   for (const KeuzeVeld& veld : kKeuzeVelden) {
     script.*veld.index = LijstIndex(Instelling(tabel, veld.sleutel, std::to_string(veld.standaard)));
   }
@@ -241,7 +240,7 @@ void LeesKeuzes(const LineTable& tabel, GalleryScript& script) {
 
 // The text colour of older scripts is under "KleurTekst".
 std::string TekstKleurWaarde(const LineTable& tabel) {
-  std::string waarde = Instelling(tabel, "KleurTekstOpAchtergrond", kGeenKleur);
+  std::string waarde = Instelling(tabel, kKleurVelden[0].sleutel, kGeenKleur);
   if (waarde == kGeenKleur) waarde = Instelling(tabel, "KleurTekst", "0");
   return waarde;
 }
@@ -263,7 +262,7 @@ bool MappenZonderVenster::ControleerUitvoerDir(const std::string& directory) {
 
 ScriptGelezen ScriptLezen(const LineTable& tabel, const LeesOmgeving& omgeving, MapControle& mappen) {
   ScriptGelezen gelezen;
-  gelezen.ouder_formaat = LeesWaarde(tabel, kKiekbord, "Versie", "").empty();
+  gelezen.ouder_formaat = LeesWaarde(tabel, kKiekbord, kVersie, "").empty();
   LeesMappen(tabel, omgeving, mappen, gelezen);
   LeesTeksten(tabel, gelezen.script);
   LeesFotos(tabel, gelezen);

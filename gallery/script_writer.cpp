@@ -11,6 +11,8 @@
 namespace kiekbord {
 namespace {
 
+using namespace script_sleutel;
+
 constexpr std::size_t kVasteRegels = 28;
 constexpr std::size_t kRegelsPerFoto = 3;
 
@@ -38,37 +40,37 @@ class ScriptRegels {
 std::string Versie() { return std::to_string(kVersionMajor) + "." + std::to_string(kVersionMinor); }
 
 void SchrijfKiekbord(ScriptRegels& uit, const std::chrono::year_month_day& aanmaakdatum) {
-  uit.Sectie("Kiekbord");
-  uit.Sleutel("Aanmaakdatum", NederlandseLangeDatum(aanmaakdatum));
-  uit.Sleutel("Versie", Versie());
-  uit.Sleutel("Opmerking", "Dit bestand niet handmatig aanpassen!");
+  uit.Sectie(kKiekbord);
+  uit.Sleutel(kAanmaakdatum, NederlandseLangeDatum(aanmaakdatum));
+  uit.Sleutel(kVersie, Versie());
+  uit.Sleutel(kOpmerking, "Dit bestand niet handmatig aanpassen!");
 }
 
 void SchrijfAlgemeen(ScriptRegels& uit, const GalleryScript& script) {
-  uit.Sectie("Algemeen");
-  uit.Sleutel("InvoerDir", script.invoer_dir);
-  uit.Sleutel("UitvoerDir", script.uitvoer_dir);
-  uit.Sleutel("Titel", script.titel);
-  uit.Sleutel("Subtitel", script.subtitel);
-  uit.Sleutel("Datum", script.datum);
-  uit.Sleutel("Beschrijving", BeschrijvingAlsWaarde(script.beschrijving));
-  uit.Sleutel("Thumbnails", script.thumbnails ? "1" : "0");
-  uit.Getal("AantalFotos", static_cast<long long>(script.fotos.size()));
+  uit.Sectie(kAlgemeen);
+  uit.Sleutel(kInvoerDir, script.invoer_dir);
+  uit.Sleutel(kUitvoerDir, script.uitvoer_dir);
+  uit.Sleutel(kTitel, script.titel);
+  uit.Sleutel(kSubtitel, script.subtitel);
+  uit.Sleutel(kDatum, script.datum);
+  uit.Sleutel(kBeschrijving, BeschrijvingAlsWaarde(script.beschrijving));
+  uit.Sleutel(kThumbnails, script.thumbnails ? "1" : "0");
+  uit.Getal(kAantalFotos, static_cast<long long>(script.fotos.size()));
 }
 
 void SchrijfFotos(ScriptRegels& uit, const GalleryScript& script) {
   long long nummer = 0;
   for (const PhotoEntry& foto : script.fotos) {
     uit.Sectie(FotoSectie(++nummer));
-    uit.Sleutel("Foto", Lower(foto.foto));
-    uit.Sleutel("Bijschrift", foto.bijschrift);
+    uit.Sleutel(kFoto, Lower(foto.foto));
+    uit.Sleutel(kBijschrift, foto.bijschrift);
   }
 }
 
 void SchrijfInstellingen(ScriptRegels& uit, const GalleryScript& script) {
-  uit.Sectie("Instellingen");
-  uit.Sleutel("Sjabloon", script.sjabloon);
-  uit.Sleutel("AantalFotosPerPagina", script.aantal_fotos_per_pagina);
+  uit.Sectie(kInstellingen);
+  uit.Sleutel(kSjabloon, script.sjabloon);
+  uit.Sleutel(kAantalFotosPerPagina, script.aantal_fotos_per_pagina);
   for (const KeuzeVeld& veld : kKeuzeVelden) uit.Getal(veld.sleutel, script.*veld.index);
   for (const KleurVeld& veld : kKleurVelden) uit.Getal(veld.sleutel, script.*veld.kleur);
 }

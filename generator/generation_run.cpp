@@ -1,6 +1,7 @@
 #include "generator/generation_run.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <cstdio>
 #include <new>
@@ -19,41 +20,48 @@ namespace {
 // (each photo takes a header and a name line), so the overflow is a guard.
 constexpr int kMaxPhotos = 512;
 
+// The run keeps the list fields and colours as text, in the order of the
+// script's tables.
+constexpr std::array<std::string SiteGegevens::*, kKeuzeVelden.size()> kKeuzeTeksten = {
+    &SiteGegevens::presentatie,           &SiteGegevens::positie_fotos,
+    &SiteGegevens::positie_bijschriften,  &SiteGegevens::fotos_zonder_bijschrift,
+    &SiteGegevens::lettertype_titels,     &SiteGegevens::lettertype_bijschriften,
+    &SiteGegevens::lettergrootte_bijschriften, &SiteGegevens::letterstijl_bijschriften};
+constexpr std::array<std::string SiteGegevens::*, kKleurVelden.size()> kKleurTeksten = {
+    &SiteGegevens::kleur_tekst_op_achtergrond, &SiteGegevens::kleur_achtergrond,
+    &SiteGegevens::kleur_tekst_in_kader, &SiteGegevens::kleur_kader};
+
 // The script's values and the photos taken in.
 SiteGegevens LeesScriptWaarden(const LineTable& script) {
+  using namespace script_sleutel;
   SiteGegevens g;
-  const auto algemeen = [&](const char* key, const char* fallback) {
-    return LeesWaarde(script, "Algemeen", key, fallback);
+  const auto algemeen = [&](std::string_view key, std::string_view fallback) {
+    return LeesWaarde(script, kAlgemeen, key, fallback);
   };
-  const auto instelling = [&](const char* key, const char* fallback) {
-    return LeesWaarde(script, "Instellingen", key, fallback);
+  const auto instelling = [&](std::string_view key, std::string_view fallback) {
+    return LeesWaarde(script, kInstellingen, key, fallback);
   };
-  g.uitvoer_dir = WithTrailingSlash(algemeen("UitvoerDir", ""));
-  g.titel = algemeen("Titel", "");
-  g.subtitel = algemeen("Subtitel", "");
-  g.datum = algemeen("Datum", "");
-  g.beschrijving = algemeen("Beschrijving", "");
-  g.thumbnails = algemeen("Thumbnails", "0");
-  const double aantal_fotos = LeadingNumber(algemeen("AantalFotos", "0"));
-  g.sjabloon = instelling("Sjabloon", "Klassiek");
-  g.fotos_per_pagina = instelling("AantalFotosPerPagina", "1");
-  g.presentatie = instelling("Presentatie", "0");
-  g.positie_fotos = instelling("PositieFotos", "0");
-  g.positie_bijschriften = instelling("PositieBijschriften", "0");
-  g.fotos_zonder_bijschrift = instelling("FotosZonderBijschrift", "0");
-  g.lettertype_titels = instelling("LetterTypeTitels", "0");
-  g.lettertype_bijschriften = instelling("LetterTypeBijschriften", "0");
-  g.lettergrootte_bijschriften = instelling("LetterGrootteBijschriften", "2");
-  g.letterstijl_bijschriften = instelling("LetterStijlBijschriften", "0");
-  g.kleur_tekst_op_achtergrond = KleurNaarHex(instelling("KleurTekstOpAchtergrond", "0"));
-  g.kleur_achtergrond = KleurNaarHex(instelling("KleurAchtergrond", "16777215"));
-  g.kleur_tekst_in_kader = KleurNaarHex(instelling("KleurTekstInKader", "0"));
-  g.kleur_kader = KleurNaarHex(instelling("KleurKader", "13421772"));
+  g.uitvoer_dir = WithTrailingSlash(algemeen(kUitvoerDir, ""));
+  g.titel = algemeen(kTitel, "");
+  g.subtitel = algemeen(kSubtitel, "");
+  g.datum = algemeen(kDatum, "");
+  g.beschrijving = algemeen(kBeschrijving, "");
+  g.thumbnails = algemeen(kThumbnails, "0");
+  const double aantal_fotos = LeadingNumber(algemeen(kAantalFotos, "0"));
+  g.sjabloon = instelling(kSjabloon, "Klassiek");
+  g.fotos_per_pagina = instelling(kAantalFotosPerPagina, "1");
+  for (std::size_t i = 0; i < kKeuzeVelden.size(); ++i) {
+    g.*kKeuzeTeksten[i] = instelling(kKeuzeVelden[i].sleutel, std::to_string(kKeuzeVelden[i].standaard));
+  }
+  for (std::size_t i = 0; i < kKleurVelden.size(); ++i) {
+    g.*kKleurTeksten[i] =
+        KleurNaarHex(instelling(kKleurVelden[i].sleutel, std::to_string(kKleurVelden[i].run_standaard)));
+  }
 
   for (const long long i : FotoSectieNummers(script, aantal_fotos)) {
     const std::string section = FotoSectie(i);
-    std::string naam = LeesWaarde(script, section, "Foto", "");
-    std::string bijschrift = LeesWaarde(script, section, "Bijschrift", "");
+    std::string naam = LeesWaarde(script, section, kFoto, "");
+    std::string bijschrift = LeesWaarde(script, section, kBijschrift, "");
     const bool taken_in = CharCount(naam) >= 6 && EndsWith(naam, ".jpg") &&
                           (!bijschrift.empty() || g.fotos_zonder_bijschrift == "0");
     if (!taken_in) continue;
@@ -64,7 +72,7 @@ SiteGegevens LeesScriptWaarden(const LineTable& script) {
   return g;
 }
 
-// Step 8: the template paths. The photo template follows the caption
+// The template paths. The photo template follows the caption
 // position and, for several photos per page or the automatic presentation,
 // its "m" or "a" form.
 void BouwSjabloonPaden(SiteGegevens& g, const ProgramSettings& settings) {
