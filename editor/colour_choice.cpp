@@ -1,5 +1,7 @@
 #include "editor/colour_choice.h"
 
+#include <array>
+
 #include <cmath>
 #include <limits>
 #include <string>
@@ -75,6 +77,13 @@ void StandaardKleuren(const ProgramSettings& settings, GalleryScript& script) {
   script.kleur_achtergrond = IniKleur(settings.kleur_achtergrond, standaard.kleur_achtergrond);
   script.kleur_tekst_in_kader = IniKleur(settings.kleur_tekst_in_kader, standaard.kleur_tekst_in_kader);
   script.kleur_kader = IniKleur(settings.kleur_kader, standaard.kleur_kader);
+}
+
+std::string KleurDialoogTitel(KleurRol rol) {
+  static constexpr std::array<const char*, 4> kTitels = {
+      "Kiekbord - Kleur tekst op achtergrond", "Kiekbord - Kleur achtergrond", "Kiekbord - Kleur tekst in fotokader",
+      "Kiekbord - Kleur fotokader"};
+  return kTitels[static_cast<std::size_t>(rol)];
 }
 
 }  // namespace kiekbord

@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <optional>
+#include <string>
 
 #include "app/program_settings.h"
 #include "gallery/gallery_script.h"
@@ -21,6 +22,9 @@ std::int32_t PartnerKleur(const GalleryScript& script, KleurRol rol);
 // Sets colour `rol` to `kleur` unless it equals its partner; then the
 // colours stay as they are and the warning comes back.
 std::optional<Melding> KiesKleur(GalleryScript& script, KleurRol rol, std::int32_t kleur);
+
+// The title of the colour dialog of `rol` ("Kiekbord - Kleur achtergrond").
+std::string KleurDialoogTitel(KleurRol rol);
 
 // The colours of a new gallery: the default colours of "KBord.ini" where they
 // are set (a colour number or an HTML colour), the record's defaults where

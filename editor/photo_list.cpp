@@ -71,4 +71,19 @@ std::string FotoInfoTekst(const std::string& naam, int breedte, int hoogte, std:
   return naam + "\n" + afmeting + "\n" + BestandsGrootteTekst(bytes);
 }
 
+std::optional<std::size_t> GekozenFoto(int rij, std::size_t aantal) {
+  if (rij < 0 || static_cast<std::size_t>(rij) >= aantal) return std::nullopt;
+  return static_cast<std::size_t>(rij);
+}
+
+FotoLijstKnoppen FotoLijstToestand(bool op_fotostap, int rij, std::size_t aantal) {
+  const std::optional<std::size_t> foto = op_fotostap ? GekozenFoto(rij, aantal) : std::nullopt;
+  FotoLijstKnoppen k;
+  k.toevoegen = op_fotostap;
+  k.omhoog = foto && *foto > 0;
+  k.omlaag = foto && *foto + 1 < aantal;
+  k.verwijderen = foto.has_value();
+  return k;
+}
+
 }  // namespace kiekbord

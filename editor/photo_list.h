@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -26,6 +27,21 @@ std::vector<PhotoEntry> VernieuwdeLijst(const std::vector<PhotoEntry>& fotos, co
 // entry's new index; `index` itself when it cannot move.
 int FotoOmhoog(std::vector<PhotoEntry>& fotos, int index);
 int FotoOmlaag(std::vector<PhotoEntry>& fotos, int index);
+
+// The photo a command works on: the selected row of the list when it names
+// one of the `aantal` photos; nothing for no selection or a stale row.
+std::optional<std::size_t> GekozenFoto(int rij, std::size_t aantal);
+
+// Which of the list's commands may run: on step 2 only (their shortcuts must
+// not reach a list that is out of sight), and only on a chosen photo that can
+// move that way.
+struct FotoLijstKnoppen {
+  bool toevoegen = false;
+  bool omhoog = false;
+  bool omlaag = false;
+  bool verwijderen = false;
+};
+FotoLijstKnoppen FotoLijstToestand(bool op_fotostap, int rij, std::size_t aantal);
 
 // A file size as the photo information shows it: "850 bytes", "12,4 kB",
 // "3,2 MB" (decimal comma, 1024 bytes to the kB).

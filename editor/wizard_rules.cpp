@@ -175,4 +175,11 @@ std::string HelpPaginaVanStap(int stap) {
   return buffer;
 }
 
+std::string OpslaanAlsMap(const std::string& script_pad, bool nieuw_in_uitvoer_dir, const std::string& uitvoer_dir,
+                          const std::string& laatste_dir, const std::string& standaard_dir) {
+  if (!script_pad.empty()) return DirectoryOf(script_pad);
+  if (nieuw_in_uitvoer_dir && Fs().DirectoryExists(uitvoer_dir)) return WithTrailingSlash(uitvoer_dir);
+  return laatste_dir.empty() ? standaard_dir : laatste_dir;
+}
+
 }  // namespace kiekbord

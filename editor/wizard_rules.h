@@ -5,6 +5,7 @@
 
 #include <optional>
 #include <string>
+#include <string_view>
 
 #include "app/program_settings.h"
 #include "base/melding.h"
@@ -42,6 +43,19 @@ struct VolgendeVanStap1 {
 VolgendeVanStap1 PlanVolgende(const std::string& invoer_dir, const std::string& uitvoer_dir);
 
 // --- Directory checks ----------------------------------------------------------
+
+// The directory fields' tooltips and the titles of their choosers.
+inline constexpr std::string_view kInvoerDirUitleg = "De directory met uw eigen foto's";
+inline constexpr std::string_view kUitvoerDirUitleg = "De directory waarin de foto's, thumbnails en pagina's komen";
+inline constexpr std::string_view kMapBestaatNiet = "Deze directory bestaat niet.";
+inline constexpr std::string_view kInvoerDirKiezenTitel = "Kiekbord - Invoerdirectory kiezen";
+inline constexpr std::string_view kUitvoerDirKiezenTitel = "Kiekbord - Uitvoerdirectory kiezen";
+
+// The folder "save as" starts in: the script's own folder; for a new script
+// the output directory when the preference says so and it exists; else the
+// last folder used, or the default directory.
+std::string OpslaanAlsMap(const std::string& script_pad, bool nieuw_in_uitvoer_dir, const std::string& uitvoer_dir,
+                          const std::string& laatste_dir, const std::string& standaard_dir);
 
 // The check of a directory text; `melding` is what Next tells the user when
 // the directory is not fit for its role.

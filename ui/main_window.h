@@ -1,15 +1,18 @@
 // The main window `frmKiekbord`: the three-step wizard in which the user
 // fills the gallery record, with its menus and commands.
 //
-// The window holds the record in its controls, gathers input and shows
-// results; what the commands decide and every text they show come from the
-// core (editor/, app/, gallery/). Message boxes, common dialogs, the desktop
-// and the settings store are reached through the services handed in, so a
-// test drives the whole window without a box on screen.
+// Each step is a page of its own (ui/general_page, ui/photos_page,
+// ui/settings_page) that fills itself from the gallery record and reads it
+// back; the window keeps the menus, the step switching and the commands.
+// What the commands decide and the messages they show come from the core
+// (editor/, app/, gallery/). Message boxes, common dialogs, the desktop and
+// the settings store are reached through the services handed in, so a test
+// drives the whole window without a box on screen.
 #pragma once
 
 #include <chrono>
 #include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -25,22 +28,18 @@
 #include "ui/about_dialog.h"
 
 class QAction;
-class QCheckBox;
-class QComboBox;
-class QGroupBox;
-class QLabel;
 class QLineEdit;
-class QListWidget;
 class QMenu;
-class QPlainTextEdit;
 class QPushButton;
 class QStackedWidget;
-class QTimer;
 
 namespace kiekbord {
 
+class AlgemenePagina;
 class Bureaublad;
 class Dialogen;
+class FotoPagina;
+class InstellingenPagina;
 class Meldingen;
 class VoortgangDialoog;
 
@@ -112,7 +111,6 @@ class MainWindow : public QMainWindow, private MapControle {
 
  protected:
   void closeEvent(QCloseEvent* event) override;
-  bool eventFilter(QObject* object, QEvent* event) override;
 
  private:
   // MapControle: the directory checks the script reader triggers.
@@ -121,29 +119,21 @@ class MainWindow : public QMainWindow, private MapControle {
   void HercontroleerInvoerDir() override;
 
   void MaakMenus();
-  QWidget* MaakStapAlgemeen();
-  QWidget* MaakStapFotobijschriften();
-  QWidget* MaakStapInstellingen();
-  void VerbindWijzigingen();
-
+  void MaakStappen();
   void ToonStap();
   void ZetNieuweGalerij();
   void VulVenster(const ScriptGelezen& gelezen);
   void ZetLaatsteScript(const std::string& pad);
+  void ZetScriptPad(const std::string& pad);
   // The save question before another script opens or the window closes.
   void VraagOpslaan(const std::string& einde);
   bool Stap1Verlaten(std::vector<std::string>& nieuw);
   bool UitvoerMapInOrde();
-  void VernieuwFotoLijst(const std::vector<std::string>& nieuw);
-  void ToonFotoLijst(int selectie);
-  void FotoGeselecteerd(int rij);
-  void ToonVoorbeeld();
-  void BijschriftBewerkt(const QString& tekst);
+  // The chosen photo's path in the output directory, when a photo is chosen
+  // on step 2.
+  std::optional<std::string> GekozenFotoPad() const;
   void ZetFotoCommandos();
-  void ToonKleuren();
   void OpenHelpPagina(const std::string& pagina);
-  void MapVeldControleren(QLineEdit* veld);
-  void MapKiezen(QLineEdit* veld, const std::string& titel);
   void Gewijzigd();
   std::chrono::year_month_day Vandaag() const;
 
@@ -154,16 +144,15 @@ class MainWindow : public QMainWindow, private MapControle {
   int stap_ = 1;
   std::string script_pad_;
   std::string laatste_dir_;
-  std::string onthouden_invoer_dir_;
-  std::string onthouden_uitvoer_dir_;
   bool script_laden_ = false;   // set while a script fills the controls
   bool eerste_activering_ = true;
   bool sluiten_zonder_vragen_ = false;
   bool bezig_ = false;          // a generation runs
   bool vernieuwen_aangezet_ = false;  // an external edit started since the last refresh
 
-  std::vector<PhotoEntry> fotos_;
-  GalleryScript kleuren_;       // only the four colours are used
+  AlgemenePagina* algemeen_;
+  FotoPagina* fotos_;
+  InstellingenPagina* instellingen_;
 
   // Menus.
   QMenu* mnuBestand_;
@@ -194,47 +183,11 @@ class MainWindow : public QMainWindow, private MapControle {
   QAction* mnuKleurGebruikTekstInKader_;
   QAction* mnuKleurGebruikKader_;
 
-  // Frames and controls.
   QStackedWidget* stappen_;
-  QGroupBox* fraAlgemeen_;
-  QGroupBox* fraFotobijschriften_;
-  QGroupBox* fraInstellingen_;
-  QLineEdit* txtTitel_;
-  QLineEdit* txtSubtitel_;
-  QLineEdit* txtDatum_;
-  QPlainTextEdit* txtBeschrijving_;
-  QLineEdit* txtInvoerDir_;
-  QPushButton* cmdInvoer_;
-  QLineEdit* txtUitvoerDir_;
-  QPushButton* cmdUitvoer_;
-  QCheckBox* chkThumbnails_;
-  QListWidget* lstFotos_;
-  QListWidget* lstBijschriften_;
-  QListWidget* flstDirFotos_;
-  QLineEdit* txtBijschrift_;
-  QLabel* imgFoto_;
-  QLabel* lblAantalFotos_;
-  QLabel* lblFotoInfo_;
-  QPushButton* cmdFotoOmhoog_;
-  QPushButton* cmdFotoOmlaag_;
-  QComboBox* cboPresentatie_;
-  QComboBox* cboSjabloon_;
-  QComboBox* cboPositieFotos_;
-  QLineEdit* txtAantalFotosPerPagina_;
-  QComboBox* cboFotosZonderBijschrift_;
-  QComboBox* cboLetterTypeTitels_;
-  QComboBox* cboLetterTypeBijschriften_;
-  QComboBox* cboLetterGrootteBijschriften_;
-  QComboBox* cboLetterStijlBijschriften_;
-  QComboBox* cboPositieBijschriften_;
-  QPushButton* cmdKleurGebruik_;
-  QLabel* lblKleurVoorbeeld01_;
-  QLabel* lblKleurVoorbeeld02_;
   QPushButton* cmdVorige_;
   QPushButton* cmdVolgende_;
   QPushButton* cmdVoltooien_;
   QLineEdit* txtDDE_;
-  QTimer* voorbeeldTimer_;
 };
 
 }  // namespace kiekbord

@@ -1,0 +1,226 @@
+#include "ui/photos_page.h"
+
+#include <algorithm>
+
+#include <QEvent>
+#include <QFileInfo>
+#include <QHBoxLayout>
+#include <QImageReader>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPushButton>
+#include <QTimer>
+#include <QVBoxLayout>
+
+#include "base/file_system.h"
+#include "base/text.h"
+#include "editor/photo_list.h"
+#include "editor/wizard_rules.h"
+#include "gallery/script_reader.h"
+#include "ui/widget_helpers.h"
+
+namespace kiekbord {
+
+FotoPagina::FotoPagina(std::function<std::string()> uitvoer_dir, QWidget* ouder)
+    : QGroupBox(Q(StapTitel(2)), ouder), uitvoer_dir_(std::move(uitvoer_dir)) {
+  setObjectName(QStringLiteral("fraFotobijschriften"));
+  lstFotos = Benoemd(new QListWidget(this), "lstFotos");
+  lstFotos->setContextMenuPolicy(Qt::CustomContextMenu);
+  lstFotos->setMinimumWidth(200);
+  lstBijschriften = Benoemd(new QListWidget(this), "lstBijschriften");
+  lstBijschriften->setVisible(false);
+  flstDirFotos = Benoemd(new QListWidget(this), "flstDirFotos");
+  flstDirFotos->setVisible(false);
+  txtBijschrift = Benoemd(new QLineEdit(this), "txtBijschrift");
+  imgFoto = Benoemd(new QLabel(this), "imgFoto");
+  imgFoto->setAlignment(Qt::AlignCenter);
+  imgFoto->setMinimumSize(320, 240);
+  imgFoto->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+  imgFoto->setFrameShape(QFrame::StyledPanel);
+  imgFoto->setBackgroundRole(QPalette::Base);
+  imgFoto->setAutoFillBackground(true);
+  imgFoto->installEventFilter(this);
+  lblAantalFotos = Benoemd(new QLabel(this), "lblAantalFotos");
+  lblFotoInfo = Benoemd(new QLabel(this), "lblFotoInfo");
+  lblFotoInfo->setTextInteractionFlags(Qt::TextSelectableByMouse);
+  lblFotoInfo->setMinimumHeight(lblFotoInfo->fontMetrics().lineSpacing() * 3);
+  lblFotoInfo->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+  cmdFotoOmhoog = Benoemd(new QPushButton(QStringLiteral("O&mhoog"), this), "cmdFotoOmhoog");
+  cmdFotoOmlaag = Benoemd(new QPushButton(QStringLiteral("Om&laag"), this), "cmdFotoOmlaag");
+  cmdFotoOmhoog->setToolTip(QStringLiteral("Verplaats foto naar voren in de kiekbord"));
+  cmdFotoOmlaag->setToolTip(QStringLiteral("Verplaats foto naar achteren in de kiekbord"));
+
+  auto* lijst_knoppen = new QHBoxLayout;
+  lijst_knoppen->addWidget(lblAantalFotos, 1);
+  lijst_knoppen->addWidget(cmdFotoOmhoog);
+  lijst_knoppen->addWidget(cmdFotoOmlaag);
+
+  auto* links = new QVBoxLayout;
+  links->addWidget(Bijschrift(QStringLiteral("&Foto's"), lstFotos, this));
+  links->addWidget(lstFotos, 1);
+  links->addLayout(lijst_knoppen);
+
+  auto* rechts = new QVBoxLayout;
+  rechts->addWidget(imgFoto, 1);
+  rechts->addWidget(lblFotoInfo);
+  rechts->addWidget(Bijschrift(QStringLiteral("Bij&schrift"), txtBijschrift, this));
+  rechts->addWidget(txtBijschrift);
+
+  auto* layout = new QHBoxLayout(this);
+  layout->addLayout(links, 2);
+  layout->addSpacing(8);
+  layout->addLayout(rechts, 3);
+
+  // Tab follows the eye: the list, the buttons under it, then the caption.
+  QWidget::setTabOrder(lstFotos, cmdFotoOmhoog);
+  QWidget::setTabOrder(cmdFotoOmhoog, cmdFotoOmlaag);
+  QWidget::setTabOrder(cmdFotoOmlaag, txtBijschrift);
+
+  voorbeeld_timer_ = new QTimer(this);
+  voorbeeld_timer_->setSingleShot(true);
+  voorbeeld_timer_->setInterval(80);
+  connect(voorbeeld_timer_, &QTimer::timeout, this, &FotoPagina::ToonVoorbeeld);
+  connect(lstFotos, &QListWidget::currentRowChanged, this, &FotoPagina::FotoGeselecteerd);
+  connect(txtBijschrift, &QLineEdit::textEdited, this, &FotoPagina::BijschriftBewerkt);
+  connect(cmdFotoOmhoog, &QPushButton::clicked, this, &FotoPagina::Omhoog);
+  connect(cmdFotoOmlaag, &QPushButton::clicked, this, &FotoPagina::Omlaag);
+}
+
+void FotoPagina::ZetFotos(std::vector<PhotoEntry> fotos, int selectie) {
+  fotos_ = std::move(fotos);
+  ToonLijst(selectie);
+}
+
+void FotoPagina::ToonMapFotos(const std::string& uitvoer_dir) {
+  flstDirFotos->clear();
+  for (const std::string& naam : FotosInMap(uitvoer_dir)) flstDirFotos->addItem(Q(naam));
+}
+
+bool FotoPagina::Vernieuw(const std::vector<std::string>& nieuw, int maximum) {
+  const std::string uit = uitvoer_dir_();
+  std::vector<PhotoEntry> lijst = VernieuwdeLijst(fotos_, uit, nieuw, maximum);
+  ToonMapFotos(uit);
+  if (lijst == fotos_) return false;
+  std::string gekozen;
+  if (const auto foto = GekozenFoto()) gekozen = fotos_[*foto].foto;
+  fotos_ = std::move(lijst);
+  const auto plek = std::find_if(fotos_.begin(), fotos_.end(), [&](const PhotoEntry& f) { return f.foto == gekozen; });
+  ToonLijst(plek != fotos_.end() ? static_cast<int>(plek - fotos_.begin()) : (fotos_.empty() ? -1 : 0));
+  return true;
+}
+
+std::optional<std::size_t> FotoPagina::GekozenFoto() const {
+  return kiekbord::GekozenFoto(lstFotos->currentRow(), fotos_.size());
+}
+
+int FotoPagina::Rij() const { return lstFotos->currentRow(); }
+
+void FotoPagina::VerwijderGekozen() {
+  const auto foto = GekozenFoto();
+  if (!foto) return;
+  fotos_.erase(fotos_.begin() + static_cast<std::ptrdiff_t>(*foto));
+  ToonLijst(static_cast<int>(*foto));
+}
+
+void FotoPagina::VoegToe(const std::string& naam) { fotos_.push_back({naam, ""}); }
+
+void FotoPagina::KiesLaatste() { ToonLijst(static_cast<int>(fotos_.size()) - 1); }
+
+void FotoPagina::LaadOpnieuw() {
+  const int rij = lstFotos->currentRow();
+  lstFotos->setCurrentRow(-1);
+  lstFotos->setCurrentRow(rij);
+}
+
+void FotoPagina::Omhoog() {
+  const int rij = lstFotos->currentRow();
+  const int nieuw = kiekbord::FotoOmhoog(fotos_, rij);
+  if (nieuw == rij) return;
+  ToonLijst(nieuw);
+  emit Gewijzigd();
+}
+
+void FotoPagina::Omlaag() {
+  const int rij = lstFotos->currentRow();
+  const int nieuw = kiekbord::FotoOmlaag(fotos_, rij);
+  if (nieuw == rij) return;
+  ToonLijst(nieuw);
+  emit Gewijzigd();
+}
+
+// Fills both lists from the record and selects row `selectie`.
+void FotoPagina::ToonLijst(int selectie) {
+  lstFotos->blockSignals(true);
+  lstFotos->clear();
+  lstBijschriften->clear();
+  for (const PhotoEntry& foto : fotos_) {
+    lstFotos->addItem(Q(foto.foto));
+    lstBijschriften->addItem(Q(foto.bijschrift));
+  }
+  lstFotos->blockSignals(false);
+  lblAantalFotos->setText(Q(AantalFotosTekst(fotos_.size())));
+  if (selectie >= static_cast<int>(fotos_.size())) selectie = static_cast<int>(fotos_.size()) - 1;
+  lstFotos->setCurrentRow(selectie);
+  FotoGeselecteerd(selectie);
+}
+
+void FotoPagina::FotoGeselecteerd(int rij) {
+  const auto foto = kiekbord::GekozenFoto(rij, fotos_.size());
+  lstBijschriften->setCurrentRow(foto ? rij : -1);
+  txtBijschrift->setText(foto ? Q(fotos_[*foto].bijschrift) : QString());
+  txtBijschrift->setEnabled(foto.has_value());
+  emit SelectieGewijzigd();
+  ToonVoorbeeld();
+}
+
+// The preview is decoded at the size it is shown at, so a large photo costs
+// little more than a small one.
+void FotoPagina::ToonVoorbeeld() {
+  const auto foto = GekozenFoto();
+  if (!foto) {
+    imgFoto->setPixmap(QPixmap());
+    imgFoto->setText(QString());
+    lblFotoInfo->clear();
+    return;
+  }
+  const std::string naam = fotos_[*foto].foto;
+  const QString pad = Q(WithTrailingSlash(uitvoer_dir_()) + naam);
+  QImageReader lezer(pad);
+  lezer.setAutoTransform(true);
+  const QSize opgeslagen = lezer.size();
+  QImage beeld;
+  if (opgeslagen.isValid()) {
+    const bool gedraaid = lezer.transformation().testFlag(QImageIOHandler::TransformationRotate90);
+    const QSize getoond = gedraaid ? opgeslagen.transposed() : opgeslagen;
+    const QSize vak = imgFoto->contentsRect().size() - QSize(4, 4);
+    QSize passend = getoond;
+    if (getoond.width() > vak.width() || getoond.height() > vak.height()) {
+      passend = getoond.scaled(vak.expandedTo(QSize(1, 1)), Qt::KeepAspectRatio);
+    }
+    lezer.setScaledSize(gedraaid ? passend.transposed() : passend);
+    beeld = lezer.read();
+  }
+  if (beeld.isNull()) {
+    imgFoto->setPixmap(QPixmap());
+    imgFoto->setText(QStringLiteral("Geen voorbeeld"));
+  } else {
+    imgFoto->setPixmap(QPixmap::fromImage(beeld));
+  }
+  lblFotoInfo->setText(Q(FotoInfoTekst(naam, opgeslagen.width(), opgeslagen.height(), QFileInfo(pad).size())));
+}
+
+bool FotoPagina::eventFilter(QObject* object, QEvent* event) {
+  if (object == imgFoto && event->type() == QEvent::Resize && !fotos_.empty()) voorbeeld_timer_->start();
+  return QGroupBox::eventFilter(object, event);
+}
+
+void FotoPagina::BijschriftBewerkt(const QString& tekst) {
+  const auto foto = GekozenFoto();
+  if (!foto) return;
+  fotos_[*foto].bijschrift = S(tekst);
+  lstBijschriften->item(static_cast<int>(*foto))->setText(tekst);
+  emit Gewijzigd();
+}
+
+}  // namespace kiekbord

@@ -1,0 +1,84 @@
+// Step 2 of the wizard: the gallery's photos in page order, a caption for
+// each, and a preview of the chosen photo.
+//
+// The page keeps the photo list of the record; the list's rules (which row
+// is a photo, moving, refreshing from the output directory) are editor/'s.
+#pragma once
+
+#include <functional>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include <QGroupBox>
+
+#include "gallery/gallery_script.h"
+
+class QLabel;
+class QLineEdit;
+class QListWidget;
+class QPushButton;
+class QTimer;
+
+namespace kiekbord {
+
+class FotoPagina : public QGroupBox {
+  Q_OBJECT
+
+ public:
+  // `uitvoer_dir` tells the output directory the photos are in.
+  explicit FotoPagina(std::function<std::string()> uitvoer_dir, QWidget* ouder = nullptr);
+
+  const std::vector<PhotoEntry>& fotos() const { return fotos_; }
+  // Replaces the list and selects row `selectie` (-1: none).
+  void ZetFotos(std::vector<PhotoEntry> fotos, int selectie);
+  // Lists the photos of the output directory in the hidden directory list.
+  void ToonMapFotos(const std::string& uitvoer_dir);
+  // The list after leaving step 1: refreshed from the output directory, with
+  // `nieuw` added; the selection stays on its photo. True when it changed.
+  bool Vernieuw(const std::vector<std::string>& nieuw, int maximum);
+  // The chosen photo's index, when a photo is chosen.
+  std::optional<std::size_t> GekozenFoto() const;
+  int Rij() const;
+  // Removes the chosen photo; the next one is chosen.
+  void VerwijderGekozen();
+  // Adds a photo without caption at the end; KiesLaatste shows the list with
+  // the last photo chosen.
+  void VoegToe(const std::string& naam);
+  void KiesLaatste();
+  // Chooses no photo and then the same one again, so it loads afresh.
+  void LaadOpnieuw();
+  void Omhoog();
+  void Omlaag();
+
+  QListWidget* lstFotos;
+  QListWidget* lstBijschriften;
+  QListWidget* flstDirFotos;
+  QLineEdit* txtBijschrift;
+  QLabel* imgFoto;
+  QLabel* lblAantalFotos;
+  QLabel* lblFotoInfo;
+  QPushButton* cmdFotoOmhoog;
+  QPushButton* cmdFotoOmlaag;
+
+ signals:
+  // The captions or the order changed.
+  void Gewijzigd();
+  // Another photo, or none, is chosen.
+  void SelectieGewijzigd();
+
+ protected:
+  bool eventFilter(QObject* object, QEvent* event) override;
+
+ private:
+  void ToonLijst(int selectie);
+  void FotoGeselecteerd(int rij);
+  void ToonVoorbeeld();
+  void BijschriftBewerkt(const QString& tekst);
+
+  std::function<std::string()> uitvoer_dir_;
+  std::vector<PhotoEntry> fotos_;
+  QTimer* voorbeeld_timer_;
+};
+
+}  // namespace kiekbord
