@@ -10,8 +10,11 @@
 
 #include "base/file_system.h"
 #include "base/text.h"
+#include "editor/photo_import.h"
+#include "editor/photo_list.h"
 #include "editor/wizard_rules.h"
 #include "ui/common_dialogs.h"
+#include "ui/message_boxes.h"
 #include "ui/widget_helpers.h"
 
 namespace kiekbord {
@@ -119,5 +122,71 @@ bool AlgemenePagina::ZetUitvoerDir(const std::string& directory) {
 }
 
 void AlgemenePagina::HercontroleerInvoerDir() { MapVeldControleren(txtInvoerDir); }
+
+// The output directory must be there and take files before anything is
+// copied into it; a missing one is offered to be made.
+bool AlgemenePagina::UitvoerMapInOrde(Meldingen& meldingen) {
+  const std::string uit = UitvoerDir();
+  MapUitkomst uitkomst = ControleerUitvoerMap(uit);
+  if (uitkomst.soort == MapUitkomst::Soort::kOntbreekt) {
+    if (!meldingen.Vraag(window(), UitvoerMapAanmakenVraag(uit))) {
+      txtUitvoerDir->setFocus();
+      return false;
+    }
+    if (const Status gemaakt = MaakMappen(uit); !gemaakt.ok()) {
+      meldingen.Toon(window(), UitvoerMapNietAangemaaktMelding(uit, gemaakt));
+      txtUitvoerDir->setFocus();
+      return false;
+    }
+    MapVeldControleren(txtUitvoerDir);
+    uitkomst = ControleerUitvoerMap(uit);
+  }
+  if (!uitkomst.goed()) {
+    meldingen.Toon(window(), uitkomst.melding);
+    txtUitvoerDir->setFocus();
+    return false;
+  }
+  return true;
+}
+
+// Leaving step 1: the photos must end up in the output directory under
+// lower-case names. False keeps the wizard on step 1.
+bool AlgemenePagina::Verlaten(Meldingen& meldingen, const std::string& os_naam, std::vector<std::string>& nieuw) {
+  if (!UitvoerMapInOrde(meldingen)) return false;
+  const std::string in = InvoerDir();
+  const std::string uit = UitvoerDir();
+  const VolgendeVanStap1 plan = PlanVolgende(in, uit);
+  if (plan.kopieer_vraag) {
+    if (const MapUitkomst invoer = ControleerInvoerMap(in); !invoer.goed()) {
+      meldingen.Toon(window(), invoer.melding);
+      txtInvoerDir->setFocus();
+      return false;
+    }
+    if (!meldingen.Vraag(window(), KopieerVraag())) return false;
+    ImportResultaat gekopieerd;
+    {
+      BezigAanwijzer bezig;
+      gekopieerd = FotosKopieren(in, uit, settings_.maximum_aantal);
+    }
+    nieuw = FotosInMap(uit);
+    if (gekopieerd.fout) {
+      meldingen.Toon(window(), *gekopieerd.fout);
+      return false;
+    }
+  }
+  if (plan.hernoemen) {
+    ImportResultaat hernoemd;
+    {
+      BezigAanwijzer bezig;
+      hernoemd = FotosHernoemen(uit, os_naam);
+    }
+    if (hernoemd.fout) {
+      meldingen.Toon(window(), *hernoemd.fout);
+      return false;
+    }
+    if (const std::optional<Melding> melding = HernoemMelding(hernoemd.aantal)) meldingen.Toon(window(), *melding);
+  }
+  return true;
+}
 
 }  // namespace kiekbord

@@ -6,6 +6,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include <QGroupBox>
 
@@ -20,6 +21,7 @@ class QPushButton;
 namespace kiekbord {
 
 class Dialogen;
+class Meldingen;
 
 class AlgemenePagina : public QGroupBox {
   Q_OBJECT
@@ -44,6 +46,11 @@ class AlgemenePagina : public QGroupBox {
   // Colours `veld` red, with a tooltip saying why, when its directory is not
   // there.
   void MapVeldControleren(QLineEdit* veld);
+  // Leaving the step: the photos must end up in the output directory under
+  // lower-case names (copied from the input directory after a question, or
+  // renamed in place); `nieuw` gets the photos the copy brought. False keeps
+  // the wizard on this step, after saying why.
+  bool Verlaten(Meldingen& meldingen, const std::string& os_naam, std::vector<std::string>& nieuw);
 
   QLineEdit* txtTitel;
   QLineEdit* txtSubtitel;
@@ -61,6 +68,9 @@ class AlgemenePagina : public QGroupBox {
 
  private:
   void MapKiezen(QLineEdit* veld, const std::string& titel);
+  // The output directory must be there and take files before anything is
+  // copied into it; a missing one is offered to be made.
+  bool UitvoerMapInOrde(Meldingen& meldingen);
 
   const ProgramSettings& settings_;
   Dialogen& dialogen_;

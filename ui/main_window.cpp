@@ -270,7 +270,7 @@ void MainWindow::ToonStap() {
 void MainWindow::Volgende() {
   if (stap_ >= kLaatsteStap) return;
   std::vector<std::string> nieuw;
-  if (stap_ == 1 && !Stap1Verlaten(nieuw)) return;
+  if (stap_ == 1 && !algemeen_->Verlaten(*d_.meldingen, d_.os_naam, nieuw)) return;
   ++stap_;
   ToonStap();
   if (fotos_->Vernieuw(nieuw, d_.settings.maximum_aantal)) Gewijzigd();
@@ -280,72 +280,6 @@ void MainWindow::Vorige() {
   if (stap_ <= kEersteStap) return;
   --stap_;
   ToonStap();
-}
-
-// The output directory must be there and take files before anything is
-// copied into it; a missing one is offered to be made.
-bool MainWindow::UitvoerMapInOrde() {
-  const std::string uit = algemeen_->UitvoerDir();
-  MapUitkomst uitkomst = ControleerUitvoerMap(uit);
-  if (uitkomst.soort == MapUitkomst::Soort::kOntbreekt) {
-    if (!d_.meldingen->Vraag(this, UitvoerMapAanmakenVraag(uit))) {
-      algemeen_->txtUitvoerDir->setFocus();
-      return false;
-    }
-    if (const Status gemaakt = MaakMappen(uit); !gemaakt.ok()) {
-      d_.meldingen->Toon(this, UitvoerMapNietAangemaaktMelding(uit, gemaakt));
-      algemeen_->txtUitvoerDir->setFocus();
-      return false;
-    }
-    algemeen_->MapVeldControleren(algemeen_->txtUitvoerDir);
-    uitkomst = ControleerUitvoerMap(uit);
-  }
-  if (!uitkomst.goed()) {
-    d_.meldingen->Toon(this, uitkomst.melding);
-    algemeen_->txtUitvoerDir->setFocus();
-    return false;
-  }
-  return true;
-}
-
-// Leaving step 1: the photos must end up in the output directory under
-// lower-case names. False keeps the wizard on step 1.
-bool MainWindow::Stap1Verlaten(std::vector<std::string>& nieuw) {
-  if (!UitvoerMapInOrde()) return false;
-  const std::string in = algemeen_->InvoerDir();
-  const std::string uit = algemeen_->UitvoerDir();
-  const VolgendeVanStap1 plan = PlanVolgende(in, uit);
-  if (plan.kopieer_vraag) {
-    if (const MapUitkomst invoer = ControleerInvoerMap(in); !invoer.goed()) {
-      d_.meldingen->Toon(this, invoer.melding);
-      algemeen_->txtInvoerDir->setFocus();
-      return false;
-    }
-    if (!d_.meldingen->Vraag(this, KopieerVraag())) return false;
-    ImportResultaat gekopieerd;
-    {
-      BezigAanwijzer bezig;
-      gekopieerd = FotosKopieren(in, uit, d_.settings.maximum_aantal);
-    }
-    nieuw = FotosInMap(uit);
-    if (gekopieerd.fout) {
-      d_.meldingen->Toon(this, *gekopieerd.fout);
-      return false;
-    }
-  }
-  if (plan.hernoemen) {
-    ImportResultaat hernoemd;
-    {
-      BezigAanwijzer bezig;
-      hernoemd = FotosHernoemen(uit, d_.os_naam);
-    }
-    if (hernoemd.fout) {
-      d_.meldingen->Toon(this, *hernoemd.fout);
-      return false;
-    }
-    if (const std::optional<Melding> melding = HernoemMelding(hernoemd.aantal)) d_.meldingen->Toon(this, *melding);
-  }
-  return true;
 }
 
 // --- Finish and close ----------------------------------------------------------------
@@ -552,51 +486,17 @@ void MainWindow::FotoOmhoog() { fotos_->Omhoog(); }
 void MainWindow::FotoOmlaag() { fotos_->Omlaag(); }
 
 void MainWindow::FotoToevoegen() {
-  const std::string uit = algemeen_->UitvoerDir();
-  std::string map = algemeen_->InvoerDir();
-  if (map.empty() || !Fs().DirectoryExists(map)) map = uit;
-  const std::vector<std::string> bronnen = d_.dialogen->FotosKiezen(this, map);
-  bool toegevoegd = false;
-  for (const std::string& bron : bronnen) {
-    const ToevoegPlan plan = PlanToevoegen(bron, uit, fotos_->fotos(), d_.settings.maximum_aantal);
-    using Soort = ToevoegPlan::Soort;
-    if (plan.soort == Soort::kAlInLijst || plan.soort == Soort::kGeweigerd) {
-      d_.meldingen->Toon(this, plan.melding);
-      // A full gallery takes none of the remaining files either.
-      if (static_cast<int>(fotos_->fotos().size()) >= d_.settings.maximum_aantal) break;
-      continue;
-    }
-    if (plan.soort == Soort::kVervangen && !d_.meldingen->Vraag(this, plan.melding)) continue;
-    if (plan.soort != Soort::kAlleenLijst) {
-      if (const Status status = CopyFileKeepingTime(bron, plan.doel); !status.ok()) {
-        d_.meldingen->Toon(this, KopieerFoutMelding(bron, plan.doel, status));
-        continue;
-      }
-    }
-    fotos_->VoegToe(plan.naam);
-    toegevoegd = true;
+  if (fotos_->Toevoegen(*d_.dialogen, *d_.meldingen, algemeen_->InvoerDir(), d_.settings.maximum_aantal)) {
+    Gewijzigd();
   }
-  if (!toegevoegd) return;
-  fotos_->KiesLaatste();
-  Gewijzigd();
+}
+
+void MainWindow::FotoVerwijderenTotaal() {
+  if (fotos_->VerwijderVanSchijf(*d_.meldingen)) Gewijzigd();
 }
 
 void MainWindow::FotoVerwijderenUitKiekbord() {
   if (!fotos_->GekozenFoto()) return;
-  fotos_->VerwijderGekozen();
-  Gewijzigd();
-}
-
-void MainWindow::FotoVerwijderenTotaal() {
-  const std::optional<std::size_t> foto = fotos_->GekozenFoto();
-  if (!foto) return;
-  const std::string naam = fotos_->fotos()[*foto].foto;
-  if (!d_.meldingen->Vraag(this, VerwijderVraag(naam))) return;
-  const std::string uit = algemeen_->UitvoerDir();
-  if (const Status status = FotoWissen(uit, naam); !status.ok()) {
-    d_.meldingen->Toon(this, VerwijderFoutMelding(WithTrailingSlash(uit) + naam, status));
-    return;
-  }
   fotos_->VerwijderGekozen();
   Gewijzigd();
 }

@@ -127,8 +127,6 @@ class MainWindow : public QMainWindow, private MapControle {
   void ZetScriptPad(const std::string& pad);
   // The save question before another script opens or the window closes.
   void VraagOpslaan(const std::string& einde);
-  bool Stap1Verlaten(std::vector<std::string>& nieuw);
-  bool UitvoerMapInOrde();
   // The chosen photo's path in the output directory, when a photo is chosen
   // on step 2.
   std::optional<std::string> GekozenFotoPad() const;

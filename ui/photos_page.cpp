@@ -15,9 +15,12 @@
 
 #include "base/file_system.h"
 #include "base/text.h"
+#include "editor/photo_import.h"
 #include "editor/photo_list.h"
 #include "editor/wizard_rules.h"
 #include "gallery/script_reader.h"
+#include "ui/common_dialogs.h"
+#include "ui/message_boxes.h"
 #include "ui/widget_helpers.h"
 
 namespace kiekbord {
@@ -123,9 +126,6 @@ void FotoPagina::VerwijderGekozen() {
   ToonLijst(static_cast<int>(*foto));
 }
 
-void FotoPagina::VoegToe(const std::string& naam) { fotos_.push_back({naam, ""}); }
-
-void FotoPagina::KiesLaatste() { ToonLijst(static_cast<int>(fotos_.size()) - 1); }
 
 void FotoPagina::LaadOpnieuw() {
   const int rij = lstFotos->currentRow();
@@ -221,6 +221,49 @@ void FotoPagina::BijschriftBewerkt(const QString& tekst) {
   fotos_[*foto].bijschrift = S(tekst);
   lstBijschriften->item(static_cast<int>(*foto))->setText(tekst);
   emit Gewijzigd();
+}
+
+bool FotoPagina::Toevoegen(Dialogen& dialogen, Meldingen& meldingen, const std::string& invoer_dir, int maximum) {
+  const std::string uit = uitvoer_dir_();
+  std::string map = invoer_dir;
+  if (map.empty() || !Fs().DirectoryExists(map)) map = uit;
+  const std::vector<std::string> bronnen = dialogen.FotosKiezen(window(), map);
+  bool toegevoegd = false;
+  for (const std::string& bron : bronnen) {
+    const ToevoegPlan plan = PlanToevoegen(bron, uit, fotos_, maximum);
+    using Soort = ToevoegPlan::Soort;
+    if (plan.soort == Soort::kAlInLijst || plan.soort == Soort::kGeweigerd) {
+      meldingen.Toon(window(), plan.melding);
+      // A full gallery takes none of the remaining files either.
+      if (static_cast<int>(fotos_.size()) >= maximum) break;
+      continue;
+    }
+    if (plan.soort == Soort::kVervangen && !meldingen.Vraag(window(), plan.melding)) continue;
+    if (plan.soort != Soort::kAlleenLijst) {
+      if (const Status status = CopyFileKeepingTime(bron, plan.doel); !status.ok()) {
+        meldingen.Toon(window(), KopieerFoutMelding(bron, plan.doel, status));
+        continue;
+      }
+    }
+    fotos_.push_back({plan.naam, ""});
+    toegevoegd = true;
+  }
+  if (toegevoegd) ToonLijst(static_cast<int>(fotos_.size()) - 1);
+  return toegevoegd;
+}
+
+bool FotoPagina::VerwijderVanSchijf(Meldingen& meldingen) {
+  const std::optional<std::size_t> foto = GekozenFoto();
+  if (!foto) return false;
+  const std::string naam = fotos_[*foto].foto;
+  if (!meldingen.Vraag(window(), VerwijderVraag(naam))) return false;
+  const std::string uit = uitvoer_dir_();
+  if (const Status status = FotoWissen(uit, naam); !status.ok()) {
+    meldingen.Toon(window(), VerwijderFoutMelding(WithTrailingSlash(uit) + naam, status));
+    return false;
+  }
+  VerwijderGekozen();
+  return true;
 }
 
 }  // namespace kiekbord

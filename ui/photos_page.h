@@ -22,6 +22,9 @@ class QTimer;
 
 namespace kiekbord {
 
+class Dialogen;
+class Meldingen;
+
 class FotoPagina : public QGroupBox {
   Q_OBJECT
 
@@ -42,10 +45,14 @@ class FotoPagina : public QGroupBox {
   int Rij() const;
   // Removes the chosen photo; the next one is chosen.
   void VerwijderGekozen();
-  // Adds a photo without caption at the end; KiesLaatste shows the list with
-  // the last photo chosen.
-  void VoegToe(const std::string& naam);
-  void KiesLaatste();
+  // "Foto toevoegen": the photos the user picks (starting in `invoer_dir`,
+  // or the output directory) are copied into the output directory and added
+  // without caption, up to `maximum`; each refusal or failure is said. True
+  // when a photo was added.
+  bool Toevoegen(Dialogen& dialogen, Meldingen& meldingen, const std::string& invoer_dir, int maximum);
+  // Removes the chosen photo from the list and the disk, after the question.
+  // True when it was removed.
+  bool VerwijderVanSchijf(Meldingen& meldingen);
   // Chooses no photo and then the same one again, so it loads afresh.
   void LaadOpnieuw();
   void Omhoog();
