@@ -19,6 +19,7 @@
 #include "base/file_system.h"
 #include "images/photo_properties.h"
 #include "tests/images/image_test_support.h"
+#include "tests/support/test_photos.h"
 #include "tests/support/test_support.h"
 
 namespace kiekbord {
@@ -29,8 +30,6 @@ using test::WriteBytes;
 using ::testing::ElementsAre;
 using ::testing::StartsWith;
 
-// A real camera photo, 480 x 360, with camera data in front of the image.
-const std::string kCameraFoto = std::string(KIEKBORD_SAMPLES_DIR) + "/exifsamples__Canon_PowerShot_S40.jpg";
 
 // "XP" turns with the smooth library, any unknown system with the
 // pixel-buffer library.
@@ -79,7 +78,8 @@ long PiekGeheugenKb() {
 class FotoBewerken : public ::testing::Test {
  protected:
   void SetUp() override {
-    origineel_ = ReadBytes(kCameraFoto);
+    // A photo of 480 x 360 with camera data in front of the image.
+    origineel_ = test::CameraJpeg(480, 360);
     ASSERT_FALSE(origineel_.empty());
     WriteBytes(foto_, origineel_);
   }

@@ -41,7 +41,7 @@ constexpr const char* kEinde = "<!-- HERHAAL KIEKBORD = EINDE -->\n";
 
 LineTable Sjabloon(const std::string& tekst) {
   LineTable sjabloon(capaciteit::kTemplate);
-  LeesSjabloonUitTekst(tekst, sjabloon);
+  EXPECT_TRUE(LeesSjabloonUitTekst(tekst, sjabloon).ok());
   return sjabloon;
 }
 

@@ -35,8 +35,19 @@ std::string MaakJpeg(int breedte, int hoogte, const PixelFunctie& kleur, JpegOpt
   unsigned char* output = nullptr;
   unsigned long size = 0;
   const int flags = opties.progressief ? TJFLAG_PROGRESSIVE : 0;
-  const int result = tjCompress2(handle.get(), rgb.data(), breedte, 0, hoogte, TJPF_RGB, &output, &size,
-                                 TJSAMP_444, opties.kwaliteit, flags);
+  int formaat = TJPF_RGB;
+  int subsampling = TJSAMP_444;
+  if (opties.soort == JpegOpties::Soort::kGrijs) {
+    subsampling = TJSAMP_GRAY;
+  } else if (opties.soort == JpegOpties::Soort::kCmyk) {
+    // CMYK as Adobe writes it: inverted, so white is all 255.
+    std::vector<unsigned char> cmyk;
+    for (std::size_t i = 0; i < rgb.size(); i += 3) cmyk.insert(cmyk.end(), {rgb[i], rgb[i + 1], rgb[i + 2], 255});
+    rgb = std::move(cmyk);
+    formaat = TJPF_CMYK;
+  }
+  const int result = tjCompress2(handle.get(), rgb.data(), breedte, 0, hoogte, formaat, &output, &size,
+                                 subsampling, opties.kwaliteit, flags);
   const std::unique_ptr<unsigned char, TjFreer> owned(output);
   EXPECT_EQ(result, 0) << tjGetErrorStr2(handle.get());
   return result == 0 ? std::string(reinterpret_cast<const char*>(owned.get()), size) : std::string();

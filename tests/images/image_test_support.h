@@ -27,6 +27,7 @@ using PixelFunctie = std::function<Rgb(int x, int y)>;
 struct JpegOpties {
   int kwaliteit = 95;
   bool progressief = false;
+  enum class Soort { kKleur, kGrijs, kCmyk } soort = Soort::kKleur;
 };
 
 // A width x height JPEG whose pixel (x, y), counted from the top-left, is

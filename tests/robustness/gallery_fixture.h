@@ -23,8 +23,6 @@
 
 namespace kiekbord::test {
 
-inline const std::string kMonsters = std::string(KIEKBORD_SAMPLES_DIR) + "/";
-
 // File name -> bytes of every plain file in a folder.
 using Inhoud = std::map<std::string, std::string>;
 
@@ -42,8 +40,8 @@ class Robuustheid : public ::testing::Test, public FoutMelder {
   Robuustheid() {
     KopieerMap(TestDataDir() + "../../data", Programma());
     std::filesystem::create_directories(Uit());
-    fotos_ = {{"strand.jpg", ReadBytes(kMonsters + "exifsamples__Canon_PowerShot_S40.jpg")},
-              {"duin.jpg", ReadBytes(kMonsters + "mei__HTC_Desire.jpg")},
+    fotos_ = {{"strand.jpg", CameraJpeg(800, 600, 1)},
+              {"duin.jpg", CameraJpeg(600, 800, 2)},
               {"zee.jpg", ProefJpeg(160, 120, 3)}};
     for (const auto& [naam, bytes] : fotos_) WriteBytes(Uit() + naam, bytes);
   }

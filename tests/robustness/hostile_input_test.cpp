@@ -32,7 +32,7 @@ std::string ReuzeKop() {
 }
 
 std::string AfgebrokenFoto() {
-  const std::string foto = ReadBytes(kMonsters + "exifsamples__Canon_PowerShot_S40.jpg");
+  const std::string foto = CameraJpeg(800, 600, 1);
   return foto.substr(0, foto.size() * 3 / 5);
 }
 

@@ -9,7 +9,9 @@
 
 namespace kiekbord::test {
 
-std::string ProefJpeg(int breedte, int hoogte, int tint) {
+namespace {
+
+std::string Codeer(int breedte, int hoogte, int tint, bool ruis) {
   const int pitch = breedte * 3;
   std::vector<std::uint8_t> pixels(static_cast<std::size_t>(pitch) *
                                    static_cast<std::size_t>(hoogte));
@@ -19,6 +21,12 @@ std::string ProefJpeg(int breedte, int hoogte, int tint) {
       pixel[0] = static_cast<std::uint8_t>(x * 255 / breedte);
       pixel[1] = static_cast<std::uint8_t>(y * 255 / hoogte);
       pixel[2] = static_cast<std::uint8_t>(tint * 37);
+      // Detail that survives shrinking keeps even a thumbnail
+      // from compressing to almost nothing.
+      if (ruis) {
+        const unsigned hash = (static_cast<unsigned>(x / 6) * 2654435761u) ^ (static_cast<unsigned>(y / 6) * 40503u);
+        for (int c = 0; c < 3; ++c) pixel[c] = static_cast<std::uint8_t>(pixel[c] ^ ((hash >> (8 * c)) & 0x7F));
+      }
     }
   }
   const PixelVlak vlak{pixels.data(), breedte, hoogte, pitch, PixelVolgorde::kRgb, false};
@@ -26,6 +34,18 @@ std::string ProefJpeg(int breedte, int hoogte, int tint) {
   const Status status = CodeerJpeg(vlak, 85, jpeg);
   if (!status.ok()) throw std::runtime_error("CodeerJpeg: " + status.description());
   return jpeg;
+}
+
+}  // namespace
+
+std::string ProefJpeg(int breedte, int hoogte, int tint) { return Codeer(breedte, hoogte, tint, false); }
+
+std::string CameraJpeg(int breedte, int hoogte, int tint) {
+  std::string exif = std::string("Exif\0\0MM\0*\0\0\0\x08", 14) + std::string(6000, '\0');
+  const std::size_t lengte = exif.size() + 2;
+  const std::string kop = {'\xFF', '\xE1', static_cast<char>(lengte >> 8), static_cast<char>(lengte & 0xFF)};
+  const std::string jpeg = Codeer(breedte, hoogte, tint, true);
+  return jpeg.substr(0, 2) + kop + exif + jpeg.substr(2);
 }
 
 void SchrijfProefFoto(const std::string& path, int breedte, int hoogte, int tint) {

@@ -381,7 +381,7 @@ void MainWindowTest::nextChecksBothDirectories() {
 void MainWindowTest::photoListCaptionsMoveAndPreview() {
   Opstelling o;
   const std::string uit =
-      o.Map("uit", {{"een.jpg", kFoto1}, {"twee.jpg", kFoto2}, {"drie.jpg", "exifsamples__mobile_HMD_Nokia_8.3_5G.jpg"}});
+      o.Map("uit", {{"een.jpg", kFoto1}, {"twee.jpg", kFoto2}, {"drie.jpg", ProefFoto{4608, 1976}}});
   MainWindow& w = o.Start();
   o.Volgende(uit, uit);
   QCOMPARE(Items(o.Fotos()), (QStringList{"drie.jpg", "een.jpg", "twee.jpg"}));

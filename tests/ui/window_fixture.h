@@ -19,12 +19,18 @@
 
 #include "app/program_settings.h"
 #include "tests/ui/ui_fakes.h"
+#include "tests/support/test_photos.h"
 #include "ui/main_window.h"
 
 namespace kiekbord::test {
 
+// The pixel size of a test photo.
+struct ProefFoto {
+  int breedte;
+  int hoogte;
+};
+
 inline const std::string kProgramData = std::string(KIEKBORD_PROGRAM_DATA_DIR) + "/";
-inline const std::string kSamples = std::string(KIEKBORD_SAMPLES_DIR) + "/";
 
 inline std::string Lees(const std::string& pad) {
   QFile f(QString::fromStdString(pad));
@@ -82,15 +88,13 @@ struct Opstelling {
     return *venster;
   }
 
-  // A directory under the scratch directory ("/" at the end) holding copies
-  // of the camera samples: {name in the directory, sample}.
-  std::string Map(const std::string& naam, std::initializer_list<std::pair<const char*, const char*>> fotos = {}) {
+  // A directory under the scratch directory ("/" at the end) holding real
+  // JPEG photos: {name in the directory, size}.
+  std::string Map(const std::string& naam, std::initializer_list<std::pair<const char*, ProefFoto>> fotos = {}) {
     const std::string pad = basis + naam + "/";
     QDir().mkpath(QString::fromStdString(pad));
-    for (const auto& [foto, bron] : fotos) {
-      const bool gekopieerd = QFile::copy(QString::fromStdString(kSamples + bron), QString::fromStdString(pad + foto));
-      QTest::qVerify(gekopieerd, "QFile::copy", foto, __FILE__, __LINE__);
-    }
+    int tint = 0;
+    for (const auto& [foto, maat] : fotos) SchrijfProefFoto(pad + foto, maat.breedte, maat.hoogte, ++tint);
     return pad;
   }
 
@@ -127,8 +131,8 @@ struct Opstelling {
 };
 
 // Three real camera photos of different sizes and orientations.
-inline const char* const kFoto1 = "mei__Nikon_E775.jpg";
-inline const char* const kFoto2 = "mei__Panasonic_DMC-LC40.jpg";
-inline const char* const kFoto3 = "mei__Minolta_DiMAGE_X.jpg";
+inline constexpr ProefFoto kFoto1{1600, 1200};
+inline constexpr ProefFoto kFoto2{640, 480};
+inline constexpr ProefFoto kFoto3{800, 600};
 
 }  // namespace kiekbord::test
