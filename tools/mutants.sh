@@ -33,8 +33,12 @@ build=$scratch/build/mutants
 cmake -S "$scratch" -B "$build" -G Ninja -DCMAKE_BUILD_TYPE=Debug >/dev/null || exit 2
 cmake --build "$build" >/dev/null || { echo "De onveranderde code bouwt niet." >&2; exit 2; }
 
-run_suite() { ctest --test-dir "$build" -j "$(nproc)" -E browser_check >/dev/null 2>&1; }
-run_suite || { echo "De tests falen al zonder mutant." >&2; exit 2; }
+run_suite() { ctest --test-dir "$build" -j "$(nproc)" -E browser_check >"$build/ctest.log" 2>&1; }
+if ! run_suite; then
+  echo "De tests falen al zonder mutant:" >&2
+  grep -A20 'tests FAILED' "$build/ctest.log" >&2
+  exit 2
+fi
 
 escaped=0
 for entry in "${MUTANTS[@]}"; do
