@@ -117,25 +117,18 @@ class MainWindowTest : public QObject {
   void controlsMenusAndListsHaveTheirCaptions();
   void stepsSetButtonsMenusAndHelpCaption();
   void nextAsksBeforeCopyingUpToTheMaximum();
-  void nextRenamesInTheSameDirectoryAndSkipsTheQuestionWhenPhotosAreThere();
-  void nextChecksBothDirectories();
 
   void photoListCaptionsMoveAndPreview();
   void addAndRemovePhotos();
-  void addRefusesWhenTheGalleryIsFull();
 
   void openScriptFillsTheWindow();
-  void openScriptShowsTheReadersMessages();
   void openCommandAsksToSaveChanges();
   void saveAsSaveAndRecentEntry();
-  void saveAsStartsWhereThePreferenceSays();
-  void saveFailureKeepsChangesUnsaved();
   void closingAsksToSaveAndToClose();
 
   void colourItemsChangeTheirOwnColour();
   void activationChecksAndCommandLine();
   void finishSavesAndGeneratesAsADirectRunWould();
-  void finishWithoutHtmlPagesAndAfterAFailedRun();
   void helpAndAbout();
 };
 
@@ -311,73 +304,6 @@ void MainWindowTest::nextAsksBeforeCopyingUpToTheMaximum() {
   QVERIFY(o.Sluit());
 }
 
-void MainWindowTest::nextRenamesInTheSameDirectoryAndSkipsTheQuestionWhenPhotosAreThere() {
-  Opstelling o;
-  const std::string map = o.Map("Fotos", {{"IMG_0001.JPG", kFoto1}, {"Img_0002.jpg", kFoto2}, {"img_0003.jpg", kFoto3}});
-  MainWindow& w = o.Start();
-  // The same directory, spelled without the trailing "/".
-  o.Volgende(map, map.substr(0, map.size() - 1));
-  QCOMPARE(w.stap(), 2);
-  QCOMPARE(o.meldingen.getoond.size(), std::size_t{1});
-  QCOMPARE(o.meldingen.getoond[0].melding, *HernoemMelding(2));
-  QCOMPARE(Items(o.Fotos()), (QStringList{"img_0001.jpg", "img_0002.jpg", "img_0003.jpg"}));
-  // Back and on again: nothing left to rename, so nothing is said.
-  w.Vorige();
-  w.Volgende();
-  QCOMPARE(o.meldingen.getoond.size(), std::size_t{1});
-  QVERIFY(o.Sluit());
-
-  // Another input directory, but photos in the output: no question, no
-  // copy; only lower-case names can be on the pages.
-  Opstelling o2;
-  const std::string in = o2.Map("in", {{"nieuw.jpg", kFoto1}});
-  const std::string uit = o2.Map("uit", {{"BESTAAND.JPG", kFoto2}, {"al_hier.jpg", kFoto3}});
-  o2.Start();
-  o2.Volgende(in, uit);
-  QCOMPARE(o2.venster->stap(), 2);
-  QVERIFY(o2.meldingen.getoond.empty());
-  QVERIFY(!Bestaat(uit + "nieuw.jpg"));
-  QVERIFY(Bestaat(uit + "BESTAAND.JPG"));
-  QCOMPARE(Items(o2.Fotos()), (QStringList{"al_hier.jpg"}));
-  QVERIFY(o2.Sluit());
-}
-
-void MainWindowTest::nextChecksBothDirectories() {
-  Opstelling o;
-  const std::string in = o.basis + "nergens/";
-  const std::string uit = o.basis + "nieuw/galerij";
-  MainWindow& w = o.Start();
-  o.meldingen.antwoorden = {false};
-  o.Volgende(in, uit);
-  // A directory that is not there shows in red; Next offers to make it.
-  QCOMPARE(o.W<QLineEdit>("txtUitvoerDir")->palette().color(QPalette::Text), QColor(Qt::red));
-  QCOMPARE(w.stap(), 1);
-  QCOMPARE(o.meldingen.Teksten(), (std::vector<std::string>{UitvoerMapAanmakenVraag(uit).tekst}));
-  QVERIFY(!Bestaat(uit));
-
-  // Made now; then the input directory is found missing.
-  o.meldingen.getoond.clear();
-  o.meldingen.antwoorden = {true};
-  w.Volgende();
-  QVERIFY(Bestaat(uit));
-  QVERIFY(o.W<QLineEdit>("txtUitvoerDir")->palette().color(QPalette::Text) != QColor(Qt::red));
-  QCOMPARE(w.stap(), 1);
-  QCOMPARE(o.meldingen.Teksten(), (std::vector<std::string>{UitvoerMapAanmakenVraag(uit).tekst,
-                                                            ControleerInvoerMap(in).melding.tekst}));
-  QCOMPARE(o.meldingen.getoond[1].melding.soort, MeldingSoort::kWaarschuwing);
-
-  // "Bladeren..." fills the field with the chosen directory.
-  const std::string gekozen = o.Map("gekozen", {{"strand.jpg", kFoto1}});
-  o.dialogen.mappen = {gekozen.substr(0, gekozen.size() - 1)};
-  QTest::mouseClick(o.Knop("cmdInvoer"), Qt::LeftButton);
-  QCOMPARE(Waarde(w, "txtInvoerDir"), QString::fromStdString(gekozen));
-  o.meldingen.antwoorden = {true};
-  w.Volgende();
-  QCOMPARE(w.stap(), 2);
-  QVERIFY(Bestaat(uit + "/strand.jpg"));
-  QVERIFY(o.Sluit());
-}
-
 void MainWindowTest::photoListCaptionsMoveAndPreview() {
   Opstelling o;
   const std::string uit =
@@ -476,21 +402,6 @@ void MainWindowTest::addAndRemovePhotos() {
   QVERIFY(o.Sluit());
 }
 
-void MainWindowTest::addRefusesWhenTheGalleryIsFull() {
-  Opstelling o;
-  o.settings.maximum_aantal = 2;
-  const std::string uit = o.Map("uit", {{"een.jpg", kFoto1}});
-  const std::string elders = o.Map("elders", {{"twee.jpg", kFoto2}, {"drie.jpg", kFoto2}, {"vier.jpg", kFoto2}});
-  o.Start();
-  o.Volgende(uit, uit);
-  o.dialogen.fotos = {{elders + "twee.jpg", elders + "drie.jpg", elders + "vier.jpg"}};
-  o.venster->FotoToevoegen();
-  QCOMPARE(Items(o.Fotos()), (QStringList{"een.jpg", "twee.jpg"}));
-  QCOMPARE(o.meldingen.Teksten(), (std::vector<std::string>{LijstVolMelding(2).tekst}));
-  QVERIFY(!Bestaat(uit + "drie.jpg"));
-  QVERIFY(o.Sluit());
-}
-
 void MainWindowTest::openScriptFillsTheWindow() {
   Opstelling o;
   const std::string pad = MaakScript(o, "Reis.KBS");
@@ -524,45 +435,6 @@ void MainWindowTest::openScriptFillsTheWindow() {
   QCOMPARE(Tekstkleur(o, "lblKleurVoorbeeld02"), QColor(255, 255, 255));
   QCOMPARE(Vulkleur(o, "lblKleurVoorbeeld02"), QColor(128, 128, 128));
   QVERIFY(o.Sluit());
-}
-
-void MainWindowTest::openScriptShowsTheReadersMessages() {
-  // No photos in the output directory, and a template set that is gone: the
-  // reader's messages in order, and the first template set.
-  Opstelling o;
-  const std::string leeg = o.Map("leeg");
-  const std::string pad = o.basis + "leeg.kbs";
-  Schrijf(pad, HuidigScript(leeg, leeg, "klassiek"));
-  o.Start();
-  o.W<QComboBox>("cboSjabloon")->setCurrentIndex(2);
-  o.venster->OpenScript(pad);
-  QCOMPARE(o.meldingen.getoond.size(), std::size_t{3});
-  QCOMPARE(o.meldingen.getoond[0].melding,
-           (Melding{MeldingSoort::kInformatie, "Uitvoerdirectory " + leeg + "\r\nbevat (nog) geen fotobestanden (*.JPG)."}));
-  QCOMPARE(o.meldingen.getoond[1].melding.soort, MeldingSoort::kWaarschuwing);
-  QCOMPARE(o.meldingen.getoond[2].melding.tekst, "Het gebruikte sjabloon 'klassiek' is niet (meer) aanwezig\r\nonder directory " +
-                                                     o.settings.sjabloon_dir + ".\r\nHet eerste sjabloon zal worden gebruikt.");
-  QCOMPARE(Waarde(*o.venster, "cboSjabloon"), QStringLiteral("Donker"));
-  QVERIFY(Items(o.Fotos()).isEmpty());
-  QCOMPARE(o.W<QLabel>("lblAantalFotos")->text(), QStringLiteral("0 foto('s)"));
-  QVERIFY(o.Sluit());
-
-  // An older script: photos no longer there are reported, and the script
-  // counts as changed, to be saved in the current form.
-  Opstelling oud;
-  const std::string uit = oud.Map("uit", {{"IMG_0012.JPG", kFoto1}, {"img_0013.jpg", kFoto2}});
-  Schrijf(oud.basis + "oud.kbs", "[Kiekbord]\r\nAanmaakdatum=1 januari 2004\r\n[Algemeen]\r\nInvoerDir=" + uit +
-                                     "\r\nUitvoerDir=" + uit + "\r\nTitel=Oud\r\n[Fotobijschriften]\r\n"
-                                     "Foto:IMG_0012.JPG=Aan het strand\r\nFoto:img_0013.jpg=\r\nFoto:img_0099.jpg=Kwijt\r\n"
-                                     "[Instellingen]\r\nKleurTekst=255\r\n");
-  oud.Start().OpenScript(oud.basis + "oud.kbs");
-  QCOMPARE(Items(oud.Fotos()), (QStringList{"IMG_0012.JPG", "img_0013.jpg"}));
-  QCOMPARE(Items(oud.W<QListWidget>("lstBijschriften")), (QStringList{"Aan het strand", ""}));
-  QCOMPARE(oud.meldingen.getoond.size(), std::size_t{1});
-  QVERIFY(oud.meldingen.Teksten()[0].starts_with("Van de 3 foto's in het script zijn nog slechts 2\r\n"));
-  QCOMPARE(Tekstkleur(oud, "lblKleurVoorbeeld01"), QColor(255, 0, 0));
-  QVERIFY(oud.Sluit());
-  QCOMPARE(oud.meldingen.Teksten().back(), kOpslaanVoorAfsluiten);
 }
 
 void MainWindowTest::openCommandAsksToSaveChanges() {
@@ -657,54 +529,6 @@ void MainWindowTest::saveAsSaveAndRecentEntry() {
   QCOMPARE(Waarde(w2, "txtTitel"), QStringLiteral("Reis"));
   QVERIFY(o2.meldingen.getoond.empty());
   QVERIFY(o2.Sluit());
-}
-
-void MainWindowTest::saveAsStartsWhereThePreferenceSays() {
-  for (const char* laatste : {"0", "1"}) {
-    Opstelling o;
-    const std::string uit = o.Map("uit");
-    o.opslag.Schrijf("Recent", "Default", laatste);
-    o.opslag.Schrijf("Recent", "LastDir", "/laatste/");
-    MainWindow& w = o.Start();
-    o.Typ("txtUitvoerDir", uit.substr(0, uit.size() - 1));
-    w.ScriptOpslaanAls();
-    QCOMPARE(o.dialogen.geopend_in.back(), std::string(*laatste == '1' ? "/laatste/" : uit));
-    // Cancelling ends the command without a message.
-    QVERIFY(o.meldingen.getoond.empty());
-    QVERIFY(w.scriptPad().empty());
-    QVERIFY(o.Sluit());
-  }
-}
-
-void MainWindowTest::saveFailureKeepsChangesUnsaved() {
-  Opstelling o;
-  MainWindow& w = o.Start();
-  o.Typ("txtTitel", "Iets");
-  const std::string pad = o.basis + "geen-map/script.kbs";
-  o.dialogen.op_te_slaan = {pad};
-  w.ScriptOpslaanAls();
-  QCOMPARE(o.meldingen.getoond.size(), std::size_t{1});
-  QCOMPARE(o.meldingen.getoond[0].melding,
-           (Melding{MeldingSoort::kWaarschuwing, "Fout bij opslaan als " + pad + "\r\nError 53 File not found"}));
-  QVERIFY(w.scriptPad().empty());
-  QVERIFY(!o.Actie("mnuBestandLaatste")->isVisible());
-  QVERIFY(o.opslag.waarden.count("Recent/ScriptFile") == 0);
-
-  // A script that can no longer be written: the changes still count.
-  const std::string goed = o.basis + "goed.kbs";
-  o.dialogen.op_te_slaan = {goed};
-  w.ScriptOpslaanAls();
-  o.Typ("txtTitel", "Anders");
-  o.meldingen.getoond.clear();
-  {
-    AlleenLezen alleen_lezen;
-    ScopedFileSystem scoped(alleen_lezen);
-    w.ScriptOpslaan();
-  }
-  QCOMPARE(o.meldingen.Teksten(), (std::vector<std::string>{"Fout bij opslaan " + goed + "\r\nError 70 Permission denied"}));
-  QVERIFY(Lees(goed).find("Titel=Iets\r\n") != std::string::npos);
-  QVERIFY(w.close());
-  QCOMPARE(o.meldingen.Teksten().back(), kOpslaanVoorAfsluiten);
 }
 
 void MainWindowTest::closingAsksToSaveAndToClose() {
@@ -931,44 +755,6 @@ void MainWindowTest::finishSavesAndGeneratesAsADirectRunWould() {
   w.Voltooien();
   QCOMPARE(o.meldingen.Teksten(), (std::vector<std::string>{"De kiekbord is aangemaakt.\r\nWilt u het resultaat nu bekijken?"}));
   QCOMPARE(o.bureaublad.adressen.size(), std::size_t{1});
-  QVERIFY(o.Sluit());
-}
-
-void MainWindowTest::finishWithoutHtmlPagesAndAfterAFailedRun() {
-  // A template set of its own with ".php" pages and no host: the run says
-  // so without a question and opens nothing.
-  Opstelling o;
-  const std::string sjablonen = o.Map("Sjabloon");
-  std::filesystem::copy(kProgramData + "Sjabloon/Donker", sjablonen + "Donker", std::filesystem::copy_options::recursive);
-  for (const auto& bestand : std::filesystem::directory_iterator(sjablonen + "Donker")) {
-    if (bestand.path().extension() == ".html") std::filesystem::copy(bestand, std::filesystem::path(bestand).replace_extension(".php"));
-  }
-  o.settings.sjabloon_dir = sjablonen;
-  o.settings.sjabloon_type = ".php";
-  const std::string site = o.Map("site", {{"een.jpg", kFoto1}});
-  MainWindow& w = o.Start();
-  o.Volgende(site, site);
-  w.Volgende();
-  o.dialogen.op_te_slaan = {o.basis + "Kapot.KBS"};
-  o.meldingen.antwoorden = {true};
-  w.Voltooien();
-  QCOMPARE(o.meldingen.getoond.size(), std::size_t{2});
-  QCOMPARE(o.meldingen.getoond[1].melding,
-           (Melding{MeldingSoort::kInformatie, "De kiekbord is aangemaakt (bestandstype '.php')."}));
-  QVERIFY(!o.meldingen.getoond[1].vraag);
-
-  // The template set taken away: the run fails and "Ja" opens the log,
-  // named after the script in lower case.
-  std::filesystem::remove_all(sjablonen + "Donker");
-  o.meldingen.getoond.clear();
-  o.meldingen.antwoorden = {true};
-  w.Voltooien();
-  QCOMPARE(o.meldingen.getoond.size(), std::size_t{1});
-  QCOMPARE(o.meldingen.getoond[0].melding, (Melding{MeldingSoort::kWaarschuwing, "Fout tijdens aanmaken kiekbord.\r\n"
-                                                                                 "Wilt u het logbestand bekijken?"}));
-  QCOMPARE(o.bureaublad.logs, (std::vector<std::string>{o.basis + "kapot.log"}));
-  QVERIFY(o.bureaublad.adressen.empty());
-  QVERIFY(Lees(o.basis + "kapot.log").find("Abnormaal einde.") != std::string::npos);
   QVERIFY(o.Sluit());
 }
 

@@ -134,16 +134,11 @@ class PhotoEditDialogsTest : public QObject {
   void externalEditAndRefresh();
 
   void resizeDialogShowsThePhotoAndTheRememberedSize();
-  void resizeDialogFiltersKeysAndKeepsProportions();
   void resizeDialogCancelChangesNothingAndOkShrinksAndRemembers();
-  void resizeDialogFailuresLeaveThePhoto();
 
   void optionsDialogShowsStoredPreferences();
   void optionsDialogCancelKeepsAndOkSavesTheValues();
-  void optionsDialogWithoutExternalEditing();
-  void optionsDialogHelpButton();
 
-  void browserIsSearchedOnceAndMessagesShown();
   void browserFromTheDesktopsDefaultHandler();
   void externalProgramStart();
 };
@@ -289,39 +284,6 @@ void PhotoEditDialogsTest::resizeDialogShowsThePhotoAndTheRememberedSize() {
   QVERIFY(o.Sluit());
 }
 
-void PhotoEditDialogsTest::resizeDialogFiltersKeysAndKeepsProportions() {
-  FotoOpstelling o;
-  o.Start();
-  o.NaarStap2();
-  o.Kies("liggend.jpg");
-  QVERIFY(BijDialoog(o, "mnuBewerkenFotoVerkleinen", "frmVerklein", [](QDialog* d) {
-    // No presets yet: empty boxes, proportions kept, OK off.
-    QCOMPARE(Tekst(d, "txtBreedteNieuw") + Tekst(d, "txtHoogteNieuw"), QString());
-    QVERIFY(In<QCheckBox>(d, "chkVerhouding")->isChecked());
-    QVERIFY(!OkAan(d));
-    // Letters and signs are dropped as they are typed.
-    TypIn(d, "txtBreedteNieuw", QStringLiteral("1a5x0-0"));
-    QCOMPARE(Tekst(d, "txtBreedteNieuw") + "x" + Tekst(d, "txtHoogteNieuw"), QStringLiteral("1500x1125"));
-    QVERIFY(OkAan(d));
-    TypIn(d, "txtHoogteNieuw", QStringLiteral("99"));
-    QVERIFY(!OkAan(d));
-    TypIn(d, "txtHoogteNieuw", QStringLiteral("900"));
-    QCOMPARE(Tekst(d, "txtBreedteNieuw"), QStringLiteral("1200"));
-    // Focus selects the whole text, so typing replaces it.
-    auto* breedte = In<QLineEdit>(d, "txtBreedteNieuw");
-    breedte->setFocus(Qt::TabFocusReason);
-    QVERIFY(QTest::qWaitFor([&] { return breedte->selectedText() == QStringLiteral("1200"); }));
-    QTest::keyClicks(breedte, QStringLiteral("800"));
-    QCOMPARE(Tekst(d, "txtBreedteNieuw") + "x" + Tekst(d, "txtHoogteNieuw"), QStringLiteral("800x600"));
-    // Without keep proportions the boxes are free; a side of 100 enables OK.
-    In<QCheckBox>(d, "chkVerhouding")->click();
-    TypIn(d, "txtBreedteNieuw", QStringLiteral("100"));
-    QCOMPARE(Tekst(d, "txtHoogteNieuw"), QStringLiteral("600"));
-    QVERIFY(OkAan(d));
-  }));
-  QVERIFY(o.Sluit());
-}
-
 void PhotoEditDialogsTest::resizeDialogCancelChangesNothingAndOkShrinksAndRemembers() {
   FotoOpstelling o;
   o.Start();
@@ -361,48 +323,6 @@ void PhotoEditDialogsTest::resizeDialogCancelChangesNothingAndOkShrinksAndRememb
     QVERIFY(In<QCheckBox>(d, "chkVerhouding")->isChecked());
     QCOMPARE(In<QButtonGroup>(d, "optKwaliteit")->checkedId(), 1);
   }));
-  QVERIFY(o.Sluit());
-}
-
-void PhotoEditDialogsTest::resizeDialogFailuresLeaveThePhoto() {
-  FotoOpstelling o;
-  o.opslag.Schrijf("Rotate", "Backup", "0");
-  // A frame header claiming 65,535 x 65,535 pixels.
-  std::string reus = Lees(o.uit + "liggend.jpg");
-  const auto sof = reus.find("\xFF\xC0");
-  QVERIFY(sof != std::string::npos);
-  for (int i = 5; i <= 8; ++i) reus[sof + i] = static_cast<char>(0xFF);
-  Schrijf(o.uit + "reus.jpg", reus);
-  o.Start();
-  o.NaarStap2();
-  o.Kies("liggend.jpg");
-  const std::string origineel = Lees(o.uit + "liggend.jpg");
-  {
-    VolleSchijf vol;
-    ScopedFileSystem fs(vol);
-    QVERIFY(BijDialoog(o, "mnuBewerkenFotoVerkleinen", "frmVerklein", [](QDialog* d) {
-      TypIn(d, "txtBreedteNieuw", QStringLiteral("800"));
-      In<QPushButton>(d, "cmdOK")->click();
-    }));
-  }
-  QCOMPARE(o.meldingen.getoond.size(), std::size_t{1});
-  QCOMPARE(o.meldingen.getoond[0].melding,
-           (Melding{MeldingSoort::kWaarschuwing, "Fout 61 tijdens verkleinen foto (GDI).\r\n(Disk full)"}));
-  QCOMPARE(Lees(o.uit + "liggend.jpg"), origineel);
-  // The photo is shown again all the same, as it is.
-  QCOMPARE(o.Info(), QStringLiteral("liggend.jpg\n1600 x 1200 pixels"));
-
-  // An enormous photo has no size to shrink from: OK never comes on.
-  o.Kies("reus.jpg");
-  QVERIFY(BijDialoog(o, "mnuBewerkenFotoVerkleinen", "frmVerklein", [](QDialog* d) {
-    QCOMPARE(Tekst(d, "txtBreedteHuidig") + "x" + Tekst(d, "txtHoogteHuidig"), QStringLiteral("0x0"));
-    TypIn(d, "txtBreedteNieuw", QStringLiteral("500"));
-    TypIn(d, "txtHoogteNieuw", QStringLiteral("500"));
-    QVERIFY(!OkAan(d));
-    QTest::keyClick(In<QLineEdit>(d, "txtHoogteNieuw"), Qt::Key_Return);
-  }));
-  QCOMPARE(Lees(o.uit + "reus.jpg"), reus);
-  QCOMPARE(o.meldingen.getoond.size(), std::size_t{1});
   QVERIFY(o.Sluit());
 }
 
@@ -527,84 +447,7 @@ void PhotoEditDialogsTest::optionsDialogCancelKeepsAndOkSavesTheValues() {
   QCOMPARE(o.meldingen.Teksten().back(), std::string("Wilt u Kiekbord afsluiten?"));
 }
 
-void PhotoEditDialogsTest::optionsDialogWithoutExternalEditing() {
-  Opstelling o;
-  o.settings.extern_bewerken = false;
-  o.opslag.Schrijf("Photo", "Editor", "/usr/bin/gimp");
-  const std::string bin = o.Map("bin");
-  Schrijf(bin + "gimp", "");
-  Omgeving pad("PATH", QByteArray::fromStdString(bin));
-  o.Start();
-  QVERIFY(BijDialoog(o, "mnuExtraOpties", "frmOpties", [](QDialog* d) {
-    for (const char* naam : {"lblFotoprogramma", "txtFotoProgramma", "cmdFotoProgramma"}) {
-      QVERIFY2(!In<QWidget>(d, naam)->isEnabled(), naam);
-    }
-    // Neither the stored program nor a proposal is shown.
-    QCOMPARE(Tekst(d, "txtFotoProgramma"), QString());
-    In<QPushButton>(d, "cmdOK")->click();
-  }));
-  // OK saves the box as it is: empty.
-  QCOMPARE(o.opslag.waarden["Photo/Editor"], std::string());
-  QVERIFY(o.Sluit());
-}
-
-void PhotoEditDialogsTest::optionsDialogHelpButton() {
-  for (const char* type : {".html", ".php"}) {
-    Opstelling o;
-    o.settings.help_type = type;
-    Omgeving pad("PATH", QByteArray("/geen/map"));
-    o.Start();
-    QVERIFY(BijDialoog(o, "mnuExtraOpties", "frmOpties", [](QDialog* d) { In<QPushButton>(d, "cmdHelp")->click(); }));
-    if (std::string_view(type) == ".html") {
-      QCOMPARE(o.bureaublad.adressen, (std::vector<std::string>{kProgramData + "Help/index05.html"}));
-      QVERIFY(o.meldingen.getoond.empty());
-    } else {
-      // Help pages on a host that is not set: the message, nothing opened.
-      QCOMPARE(o.meldingen.getoond.size(), std::size_t{1});
-      QCOMPARE(o.meldingen.getoond[0].melding, (Melding{MeldingSoort::kWaarschuwing, "Hostname niet (goed) gedefinieerd!"
-                                                                                     "\r\nHelppagina kan niet worden gestart."}));
-      QVERIFY(o.bureaublad.adressen.empty());
-    }
-    QVERIFY(o.Sluit());
-  }
-}
-
 // --- Desktop services ------------------------------------------------------------
-
-void PhotoEditDialogsTest::browserIsSearchedOnceAndMessagesShown() {
-  TestMeldingen meldingen;
-  int gezocht = 0;
-  std::vector<QUrl> geopend;
-  {
-    QtBureaublad bureaublad(
-        meldingen, [&](const std::string&) -> std::optional<std::string> { ++gezocht; return std::nullopt; },
-        [&](const QUrl& url) { geopend.push_back(url); return true; });
-    bureaublad.OpenAddress(nullptr, "https://kiekbord.nl/", true);
-    bureaublad.OpenAddress(nullptr, "/prog/Help/index.html", false);
-    QCOMPARE(bureaublad.FindBrowser(""), std::string("%Error:De Internet Browser is niet gevonden."));
-  }
-  QCOMPARE(gezocht, 1);
-  QVERIFY(geopend.empty());
-  QCOMPARE(meldingen.getoond.size(), std::size_t{2});
-  QCOMPARE(meldingen.getoond[1].melding, (Melding{MeldingSoort::kWaarschuwing, "De Internet Browser is niet gevonden."}));
-
-  meldingen.getoond.clear();
-  gezocht = 0;
-  bool lukt = true;
-  QtBureaublad bureaublad(
-      meldingen, [&](const std::string&) -> std::optional<std::string> { ++gezocht; return "/usr/bin/chromium"; },
-      [&](const QUrl& url) { geopend.push_back(url); return lukt; });
-  bureaublad.OpenAddress(nullptr, "https://kiekbord.nl/hulp/index.php", true);
-  bureaublad.OpenAddress(nullptr, "/prog/Help/index.html", true);
-  QCOMPARE(geopend, (std::vector<QUrl>{QUrl(QStringLiteral("https://kiekbord.nl/hulp/index.php")),
-                                       QUrl::fromLocalFile(QStringLiteral("/prog/Help/index.html"))}));
-  QVERIFY(meldingen.getoond.empty());
-  lukt = false;
-  bureaublad.OpenAddress(nullptr, "/prog/Help/index.html", false);
-  QCOMPARE(meldingen.Teksten(), (std::vector<std::string>{"Internetadres /prog/Help/index.html kan niet worden geopend."}));
-  QCOMPARE(gezocht, 1);
-  QCOMPARE(bureaublad.FindBrowser("x"), std::string("/usr/bin/chromium"));
-}
 
 // The desktop's default handler for web pages, as xdg-mime reports it from
 // the user's own configuration.
