@@ -42,7 +42,12 @@ fi
 
 escaped=0
 for entry in "${MUTANTS[@]}"; do
-  IFS='|' read -r file expression what <<<"$entry"
+  # The expression itself may hold "|": the file is the first field and the
+  # description the last.
+  file=${entry%%|*}
+  rest=${entry#*|}
+  what=${rest##*|}
+  expression=${rest%|*}
   cp "$scratch/$file" "$scratch/$file.orig"
   sed -i "$expression" "$scratch/$file"
   if cmp -s "$scratch/$file" "$scratch/$file.orig"; then

@@ -5,56 +5,110 @@
 
 #include <cstdlib>
 #include <memory>
+#include <sstream>
+
+#include <jpeglib.h>
+
+#include "base/text.h"
+#include "base/text_helpers.h"
+#include "tests/support/test_photos.h"
+#include "tests/support/test_support.h"
 
 namespace kiekbord::test {
-namespace {
 
-struct TjDestroyer {
-  void operator()(void* handle) const { tjDestroy(handle); }
-};
-using TjHandle = std::unique_ptr<void, TjDestroyer>;
-
-struct TjFreer {
-  void operator()(unsigned char* buffer) const { tjFree(buffer); }
-};
-
-}  // namespace
-
-std::string MaakJpeg(int breedte, int hoogte, const PixelFunctie& kleur, JpegOpties opties) {
-  std::vector<unsigned char> rgb(static_cast<std::size_t>(breedte) * hoogte * 3);
+std::string MaakJpeg(int breedte, int hoogte, const std::function<Rgb(int, int)>& kleur, JpegOpties opties) {
+  using enum JpegOpties::Soort;
+  jpeg_compress_struct c{};
+  jpeg_error_mgr fouten{};
+  c.err = jpeg_std_error(&fouten);
+  jpeg_create_compress(&c);
+  unsigned char* uit = nullptr;
+  unsigned long lengte = 0;
+  jpeg_mem_dest(&c, &uit, &lengte);
+  c.image_width = static_cast<JDIMENSION>(breedte);
+  c.image_height = static_cast<JDIMENSION>(hoogte);
+  c.input_components = opties.soort == kGrijs ? 1 : opties.soort == kCmyk ? 4 : 3;
+  c.in_color_space = opties.soort == kGrijs ? JCS_GRAYSCALE : opties.soort == kCmyk ? JCS_CMYK : JCS_RGB;
+  jpeg_set_defaults(&c);
+  jpeg_set_quality(&c, opties.kwaliteit, TRUE);
+  if (opties.progressief) jpeg_simple_progression(&c);
+  c.restart_interval = static_cast<unsigned>(opties.herstel);
+  for (int i = 0; i < c.num_components; ++i) c.comp_info[i].h_samp_factor = c.comp_info[i].v_samp_factor = 1;
+  jpeg_start_compress(&c, TRUE);
+  std::vector<JSAMPLE> regel(static_cast<std::size_t>(breedte) * 4);
   for (int y = 0; y < hoogte; ++y) {
     for (int x = 0; x < breedte; ++x) {
-      const Rgb c = kleur(x, y);
-      unsigned char* p = &rgb[(static_cast<std::size_t>(y) * breedte + x) * 3];
-      p[0] = static_cast<unsigned char>(c.r);
-      p[1] = static_cast<unsigned char>(c.g);
-      p[2] = static_cast<unsigned char>(c.b);
+      const Rgb k = kleur(x, y);
+      // CMYK as Adobe writes it: inverted, so white is all 255.
+      const int waarden[] = {k.r, k.g, k.b, 255};
+      for (int i = 0; i < c.input_components; ++i) regel[x * c.input_components + i] = static_cast<JSAMPLE>(waarden[i]);
     }
+    JSAMPROW rij = regel.data();
+    jpeg_write_scanlines(&c, &rij, 1);
   }
-  const TjHandle handle(tjInitCompress());
-  unsigned char* output = nullptr;
-  unsigned long size = 0;
-  const int flags = opties.progressief ? TJFLAG_PROGRESSIVE : 0;
-  int formaat = TJPF_RGB;
-  int subsampling = TJSAMP_444;
-  if (opties.soort == JpegOpties::Soort::kGrijs) {
-    subsampling = TJSAMP_GRAY;
-  } else if (opties.soort == JpegOpties::Soort::kCmyk) {
-    // CMYK as Adobe writes it: inverted, so white is all 255.
-    std::vector<unsigned char> cmyk;
-    for (std::size_t i = 0; i < rgb.size(); i += 3) cmyk.insert(cmyk.end(), {rgb[i], rgb[i + 1], rgb[i + 2], 255});
-    rgb = std::move(cmyk);
-    formaat = TJPF_CMYK;
-  }
-  const int result = tjCompress2(handle.get(), rgb.data(), breedte, 0, hoogte, formaat, &output, &size,
-                                 subsampling, opties.kwaliteit, flags);
-  const std::unique_ptr<unsigned char, TjFreer> owned(output);
-  EXPECT_EQ(result, 0) << tjGetErrorStr2(handle.get());
-  return result == 0 ? std::string(reinterpret_cast<const char*>(owned.get()), size) : std::string();
+  jpeg_finish_compress(&c);
+  jpeg_destroy_compress(&c);
+  const std::string jpeg(reinterpret_cast<const char*>(uit), lengte);
+  std::free(uit);
+  return jpeg;
 }
 
 std::string EffenJpeg(int breedte, int hoogte, Rgb kleur, JpegOpties opties) {
   return MaakJpeg(breedte, hoogte, [kleur](int, int) { return kleur; }, opties);
+}
+
+std::string KaleKop(int breedte, int hoogte) {
+  std::string jpeg = EffenJpeg(8, 8);
+  const auto sof = jpeg.find("\xFF\xC0");
+  const char maat[] = {static_cast<char>(hoogte >> 8), static_cast<char>(hoogte), static_cast<char>(breedte >> 8),
+                       static_cast<char>(breedte)};
+  jpeg.replace(sof + 5, 4, maat, 4);
+  const auto sos = jpeg.find("\xFF\xDA");
+  return jpeg.substr(0, sos + 2 + static_cast<unsigned char>(jpeg[sos + 2]) * 256u + static_cast<unsigned char>(jpeg[sos + 3]));
+}
+
+std::pair<int, int> Maat(const std::string& tekst) {
+  const auto x = tekst.find('x');
+  return {std::stoi(tekst.substr(0, x)), std::stoi(tekst.substr(x + 1))};
+}
+
+std::string MaakFoto(const std::string& beschrijving) {
+  if (beschrijving == "leeg") return "";
+  if (beschrijving == "png") return std::string("\x89PNG\r\n\x1a\n", 8) + std::string(100, '\0');
+  if (beschrijving == "ruit") {
+    return MaakJpeg(301, 200, [](int x, int y) { return x % 2 == 0 && y % 2 == 0 ? Rgb{255, 0, 0} : Rgb{0, 0, 255}; },
+                    {.kwaliteit = 100});
+  }
+  const auto [breedte, hoogte] = Maat(beschrijving);
+  const auto met = [&](const char* optie) { return beschrijving.find(optie) != std::string::npos; };
+  if (met(",kop")) return KaleKop(breedte, hoogte);
+  if (met(",camera")) return CameraJpeg(breedte, hoogte);
+  if (met(",half")) {
+    const std::string heel = MaakJpeg(breedte, hoogte, [](int x, int y) { return Rgb{x % 256, y % 256, 90}; });
+    return heel.substr(0, heel.size() / 2);
+  }
+  using enum JpegOpties::Soort;
+  const JpegOpties opties{.progressief = met(",progressief"), .soort = met(",grijs") ? kGrijs : met(",cmyk") ? kCmyk : kKleur,
+                          .herstel = met(",herstel") ? 1 : 0};
+  const std::string jpeg = EffenJpeg(breedte, hoogte, {200, 120, 40}, opties);
+  if (met(",rommel")) return jpeg + std::string(5000, 'x');
+  if (!met(",exif6")) return jpeg;
+  // APP1 "Exif", a big-endian TIFF header and one entry: orientation 6, turn a quarter right.
+  const std::string exif("\xFF\xE1\0\x22" "Exif\0\0MM\0*\0\0\0\x08\0\x01\x01\x12\0\x03\0\0\0\x01\0\x06\0\0\0\0\0\0", 36);
+  return jpeg.substr(0, 2) + exif + jpeg.substr(2);
+}
+
+std::vector<std::vector<std::string>> Tabel(const std::string& naam) {
+  std::vector<std::vector<std::string>> rijen;
+  std::istringstream bestand(ReadBytes(TestDataDir() + "images/" + naam + ".txt"));
+  for (std::string regel; std::getline(bestand, regel);) {
+    if (TrimSpaces(regel).empty() || regel.starts_with("#")) continue;
+    std::vector<std::string>& rij = rijen.emplace_back();
+    std::istringstream velden(regel + " ");
+    for (std::string veld; std::getline(velden, veld, '|');) rij.push_back(Vervang(TrimSpaces(veld), "\\n", "\n"));
+  }
+  if (rijen.empty()) ADD_FAILURE() << "geen tabel " << naam;
+  return rijen;
 }
 
 Rgb Beeld::At(int x, int y) const {
@@ -63,43 +117,23 @@ Rgb Beeld::At(int x, int y) const {
 }
 
 Beeld LeesJpeg(std::string_view jpeg) {
-  const TjHandle handle(tjInitDecompress());
+  const std::unique_ptr<void, int (*)(tjhandle)> tj(tjInitDecompress(), tjDestroy);
   const auto* bytes = reinterpret_cast<const unsigned char*>(jpeg.data());
-  int breedte = 0, hoogte = 0, subsampling = 0, kleurruimte = 0;
-  if (tjDecompressHeader3(handle.get(), bytes, jpeg.size(), &breedte, &hoogte, &subsampling, &kleurruimte) != 0) {
-    ADD_FAILURE() << "geen leesbare JPEG: " << tjGetErrorStr2(handle.get());
-    return {};
+  Beeld beeld;
+  int subsampling = 0, kleurruimte = 0;
+  if (tjDecompressHeader3(tj.get(), bytes, jpeg.size(), &beeld.breedte, &beeld.hoogte, &subsampling, &kleurruimte) == 0) {
+    beeld.rgb.resize(static_cast<std::size_t>(beeld.breedte) * beeld.hoogte * 3);
+    if (tjDecompress2(tj.get(), bytes, jpeg.size(), beeld.rgb.data(), beeld.breedte, 0, beeld.hoogte, TJPF_RGB, 0) == 0) {
+      return beeld;
+    }
   }
-  Beeld beeld{breedte, hoogte, std::vector<std::uint8_t>(static_cast<std::size_t>(breedte) * hoogte * 3)};
-  if (tjDecompress2(handle.get(), bytes, jpeg.size(), beeld.rgb.data(), breedte, 0, hoogte, TJPF_RGB, 0) != 0) {
-    ADD_FAILURE() << "JPEG niet te decoderen: " << tjGetErrorStr2(handle.get());
-    return {};
-  }
-  return beeld;
-}
-
-std::string KaleKop(int breedte, int hoogte) {
-  std::string jpeg = EffenJpeg(8, 8);
-  const auto sof = jpeg.find("\xFF\xC0");
-  jpeg[sof + 5] = static_cast<char>(hoogte >> 8);
-  jpeg[sof + 6] = static_cast<char>(hoogte & 0xFF);
-  jpeg[sof + 7] = static_cast<char>(breedte >> 8);
-  jpeg[sof + 8] = static_cast<char>(breedte & 0xFF);
-  const auto sos = jpeg.find("\xFF\xDA");
-  const std::size_t lengte = static_cast<unsigned char>(jpeg[sos + 2]) * 256u + static_cast<unsigned char>(jpeg[sos + 3]);
-  return jpeg.substr(0, sos + 2 + lengte);
+  ADD_FAILURE() << "geen leesbare JPEG: " << tjGetErrorStr2(tj.get());
+  return {};
 }
 
 int EersteKwantisatieWaarde(std::string_view jpeg) {
-  std::size_t pos = 2;
-  while (pos + 5 < jpeg.size()) {
-    const auto marker = static_cast<unsigned char>(jpeg[pos + 1]);
-    const std::size_t length = static_cast<unsigned char>(jpeg[pos + 2]) * 256u + static_cast<unsigned char>(jpeg[pos + 3]);
-    if (marker == 0xDB) return static_cast<unsigned char>(jpeg[pos + 5]);
-    if (marker == 0xDA) return -1;
-    pos += 2 + length;
-  }
-  return -1;
+  const auto dqt = jpeg.find("\xFF\xDB");
+  return dqt == std::string_view::npos || dqt + 5 >= jpeg.size() ? -1 : static_cast<unsigned char>(jpeg[dqt + 5]);
 }
 
 bool Lijkt(Rgb a, Rgb b, int marge) {

@@ -1,7 +1,7 @@
-// Helpers for the image tests: real JPEG files made and read with
-// libjpeg-turbo's TurboJPEG API directly (not through the code under test),
-// an open generation log whose lines are kept, and a failure reporter that
-// keeps the messages instead of showing them.
+// Helpers for the image tests: real JPEG files made with libjpeg and read
+// with TurboJPEG directly (not through the code under test), an open
+// generation log whose lines are kept, and a failure reporter that keeps the
+// messages instead of showing them.
 #pragma once
 
 #include <cstdint>
@@ -10,8 +10,8 @@
 #include <string_view>
 #include <vector>
 
-#include "base/generation_log.h"
 #include "base/failure_report.h"
+#include "base/generation_log.h"
 
 namespace kiekbord::test {
 
@@ -21,21 +21,39 @@ struct Rgb {
   int b = 0;
 };
 
-using PixelFunctie = std::function<Rgb(int x, int y)>;
-
 // Made without chroma subsampling (4:4:4).
 struct JpegOpties {
   int kwaliteit = 95;
   bool progressief = false;
   enum class Soort { kKleur, kGrijs, kCmyk } soort = Soort::kKleur;
+  int herstel = 0;  // a restart marker after every this many blocks
 };
 
 // A width x height JPEG whose pixel (x, y), counted from the top-left, is
 // kleur(x, y).
-std::string MaakJpeg(int breedte, int hoogte, const PixelFunctie& kleur, JpegOpties opties = {});
-
-// A JPEG of one colour.
+std::string MaakJpeg(int breedte, int hoogte, const std::function<Rgb(int, int)>& kleur, JpegOpties opties = {});
 std::string EffenJpeg(int breedte, int hoogte, Rgb kleur = {200, 120, 40}, JpegOpties opties = {});
+
+// A photo described in a few words, as the tables under tests/data/images
+// name them: "WxH" (one colour), followed by ",progressief", ",grijs",
+// ",cmyk", ",herstel" (restart markers), ",exif6" (turned by camera data),
+// ",camera" (camera data in front), ",rommel" (junk after the end),
+// ",half" (the first half of a gradient) or ",kop" (only the header, see
+// KaleKop); or "ruit" (301 x 200, red on even rows and columns, blue
+// elsewhere), "png" (a PNG signature) or "leeg".
+std::string MaakFoto(const std::string& beschrijving);
+
+// The rows of tests/data/images/<naam>.txt: fields separated by "|", without
+// the blanks around them ("\n" a line break); blank lines and "#" lines are
+// left out.
+std::vector<std::vector<std::string>> Tabel(const std::string& naam);
+
+// "W" and "H" of "WxH".
+std::pair<int, int> Maat(const std::string& tekst);
+
+// A baseline JPEG whose frame header claims breedte x hoogte pixels and
+// whose scan holds no data at all: a header from a damaged or hostile file.
+std::string KaleKop(int breedte, int hoogte);
 
 struct Beeld {
   int breedte = 0;
@@ -48,13 +66,8 @@ struct Beeld {
 // image) when it cannot.
 Beeld LeesJpeg(std::string_view jpeg);
 
-// A baseline JPEG whose frame header claims breedte x hoogte pixels and
-// whose scan holds no data at all: a header from a damaged or hostile file.
-std::string KaleKop(int breedte, int hoogte);
-
 // The first value of the first quantisation table: 1 at quality 100, 3 at
-// 90, 6 at 80, 13 at 60 (libjpeg's scaling of the standard table). -1 when
-// the file has no quantisation table.
+// 90, 6 at 80, 13 at 60. -1 when the file has none.
 int EersteKwantisatieWaarde(std::string_view jpeg);
 
 // True when the two colours differ by at most `marge` in every channel.

@@ -5,28 +5,15 @@
 
 #include <cstdio>
 
+#include "base/text_helpers.h"
 #include "tests/images/image_test_support.h"
 #include "tests/support/test_support.h"
 
 namespace kiekbord {
 namespace {
 
-TEST(OsNaam, VersionTable) {
-  const struct {
-    const char* sleutel;
-    const char* naam;
-  } gevallen[] = {
-      {"1.4.0", "95"},        {"1.4.10", "98"},         {"2.3.51", "NT3.51"},
-      {"2.4.0", "NT4.0"},     {"2.4.90", "ME"},         {"2.5.0", "2000"},
-      {"2.5.1", "XP"},        {"2.5.2", "Server 2003"}, {"2.6.0", "Vista"},
-      {"2.6.1", "Windows7"},  {"2.6.2", "Unknown (2.6.2)"},
-      {"1.4.90", "Unknown (1.4.90)"},  // the "ME" row carries platform 2
-      {"3.6.1", "Unknown (3.6.1)"},
-  };
-  for (const auto& geval : gevallen) EXPECT_EQ(OsNaamVoorSleutel(geval.sleutel), geval.naam) << geval.sleutel;
-}
-
-TEST(OsNaam, LinuxReportsPlatformThreeWithTheKernelVersion) {
+TEST(OsNaam, VersionTableAndLinuxAsPlatformThreeWithTheKernelVersion) {
+  for (const auto& rij : test::Tabel("os_namen")) EXPECT_EQ(OsNaamVoorSleutel(rij[0]), rij[1]) << rij[0];
   utsname info{};
   ASSERT_EQ(::uname(&info), 0);
   int major = 0, minor = 0;
@@ -35,42 +22,24 @@ TEST(OsNaam, LinuxReportsPlatformThreeWithTheKernelVersion) {
 }
 
 TEST(ThumbnailKeuze, NameAndMarkerFileChooseTheLibraryAndAreLogged) {
-  test::TempDir met_marker;
-  test::TempDir zonder_marker;
+  test::TempDir met_marker, zonder_marker;
   test::WriteBytes(met_marker / "GDIplus.txt", "");
-  const std::string gdi = "Imagelibrary GDIplus wordt gebruikt.";
-  const std::string ijl = "Imagelibrary IJL11 wordt gebruikt.";
-  const std::string marker = "(Bestand GDIplus.txt gedetecteerd.)";
-  const struct {
-    const char* naam;
-    bool met_marker;
-    ImageLibrary bibliotheek;
-    std::vector<std::string> regels;
-  } gevallen[] = {
-      {"Windows7", false, ImageLibrary::kGdiPlus, {"(Windows Windows7 gedetecteerd.)", gdi}},
-      {"Vista", false, ImageLibrary::kGdiPlus, {"(Windows Vista gedetecteerd.)", gdi}},
-      {"Unknown (2.6.2)", false, ImageLibrary::kIjl11, {"(Windows Unknown (2.6.2) gedetecteerd.)", ijl}},
-      {"Unknown (2.6.2)", true, ImageLibrary::kGdiPlus, {"(Windows Unknown (2.6.2) gedetecteerd.)", marker, gdi}},
-  };
-  for (const auto& geval : gevallen) {
+  for (const auto& rij : test::Tabel("bibliotheek_keuze")) {
     test::TempDir log_dir;
     test::LogOpname log(log_dir / "kiekbord.log");
-    const std::string program_dir = geval.met_marker ? met_marker.path() : zonder_marker.path();
-    EXPECT_EQ(KiesThumbnailBibliotheek(geval.naam, program_dir, log.log()), geval.bibliotheek) << geval.naam;
-    EXPECT_EQ(log.regels(), geval.regels);
+    const std::string program_dir = rij[1] == "ja" ? met_marker.path() : zonder_marker.path();
+    // "hier": without a name, that of this system.
+    const ImageLibrary bibliotheek = rij[0] == "hier" ? KiesThumbnailBibliotheek(program_dir, log.log())
+                                                      : KiesThumbnailBibliotheek(rij[0], program_dir, log.log());
+    EXPECT_EQ(bibliotheek, rij[2] == "GDI" ? ImageLibrary::kGdiPlus : ImageLibrary::kIjl11) << rij[0];
+    std::vector<std::string> regels(rij.begin() + 3, rij.end());
+    for (std::string& regel : regels) regel = Vervang(regel, "hier", BepaalOsNaam());
+    EXPECT_EQ(log.regels(), regels);
   }
-  // On this system: the name of BepaalOsNaam, the marker decides.
-  test::TempDir log_dir;
-  test::LogOpname log(log_dir / "kiekbord.log");
-  EXPECT_EQ(KiesThumbnailBibliotheek(met_marker.path(), log.log()), ImageLibrary::kGdiPlus);
-  EXPECT_EQ(KiesThumbnailBibliotheek(zonder_marker.path(), log.log()), ImageLibrary::kIjl11);
-  EXPECT_EQ(log.regels(), (std::vector<std::string>{"(Windows " + BepaalOsNaam() + " gedetecteerd.)", marker, gdi,
-                                                    "(Windows " + BepaalOsNaam() + " gedetecteerd.)", ijl}));
 }
 
 TEST(HoofdvensterKeuze, StoredNameAndRotationLibrary) {
-  test::TempDir met_marker;
-  test::TempDir zonder_marker;
+  test::TempDir met_marker, zonder_marker;
   test::WriteBytes(met_marker / "GDIplus.txt", "");
   EXPECT_EQ(HoofdvensterOsNaam("2000", met_marker.path()), "XP");
   EXPECT_EQ(HoofdvensterOsNaam("2000", zonder_marker.path()), "2000");

@@ -6,7 +6,6 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <chrono>
 #include <filesystem>
 #include <map>
@@ -14,9 +13,9 @@
 #include <vector>
 
 #include "app/program_settings.h"
+#include "base/failure_report.h"
 #include "base/file_system.h"
 #include "generator/generation_run.h"
-#include "base/failure_report.h"
 #include "tests/support/golden.h"
 #include "tests/support/test_photos.h"
 #include "tests/support/test_support.h"
@@ -28,9 +27,7 @@ using Inhoud = std::map<std::string, std::string>;
 
 inline Inhoud InhoudVan(const std::string& map) {
   Inhoud inhoud;
-  for (const auto& entry : std::filesystem::directory_iterator(map)) {
-    if (entry.is_regular_file()) inhoud[entry.path().filename().string()] = ReadBytes(entry.path().string());
-  }
+  for (const std::string& naam : BestandenIn(map)) inhoud[naam] = ReadBytes(map + naam);
   return inhoud;
 }
 
@@ -40,8 +37,7 @@ class Robuustheid : public ::testing::Test, public FoutMelder {
   Robuustheid() {
     KopieerMap(TestDataDir() + "../../data", Programma());
     std::filesystem::create_directories(Uit());
-    fotos_ = {{"strand.jpg", CameraJpeg(800, 600, 1)},
-              {"duin.jpg", CameraJpeg(600, 800, 2)},
+    fotos_ = {{"strand.jpg", CameraJpeg(800, 600, 1)}, {"duin.jpg", CameraJpeg(600, 800, 2)},
               {"zee.jpg", ProefJpeg(160, 120, 3)}};
     for (const auto& [naam, bytes] : fotos_) WriteBytes(Uit() + naam, bytes);
   }
@@ -50,8 +46,8 @@ class Robuustheid : public ::testing::Test, public FoutMelder {
   std::string Uit() const { return dir_ / "uit/"; }
   std::string Script() const { return dir_ / "galerie.kbs"; }
 
-  // The script for `namen` (or the fixture's photos, at most 9) with
-  // template set `sjabloon` and output folder `uit` (or Uit()).
+  // The script for `namen` (or the fixture's photos) with template set
+  // `sjabloon` and output folder `uit` (or Uit()).
   void SchrijfScript(std::vector<std::string> namen = {}, const std::string& sjabloon = "Klassiek",
                      const std::string& uit = "") {
     if (namen.empty()) {
@@ -86,8 +82,7 @@ class Robuustheid : public ::testing::Test, public FoutMelder {
 
   TempDir dir_;
   std::map<std::string, std::string> fotos_;
-  std::vector<std::string> log_;
-  std::vector<std::string> meldingen_;
+  std::vector<std::string> log_, meldingen_;
 };
 
 }  // namespace kiekbord::test

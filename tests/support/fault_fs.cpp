@@ -9,8 +9,7 @@ class FoutLog : public AppendFile {
   FoutLog(std::unique_ptr<AppendFile> echt, std::string pad, FoutenSchijf& fs)
       : echt_(std::move(echt)), pad_(std::move(pad)), fs_(fs) {}
   Status Append(std::string_view data) override {
-    const int fout = fs_.Fout(FoutenSchijf::kLog, pad_);
-    return fout != 0 ? Status::Error(fout) : echt_->Append(data);
+    return fs_.Of(FoutenSchijf::kLog, pad_, [&] { return echt_->Append(data); });
   }
   Status Close() override { return echt_->Close(); }
 
@@ -33,28 +32,24 @@ int FoutenSchijf::Fout(Soort soort, const std::string& path) {
   std::lock_guard lock(mutex_);
   for (Regel& regel : regels_) {
     if ((regel.soorten & soort) == 0 || !MatchesPattern(path, regel.patroon)) continue;
-    if (regel.na > 0) {
-      --regel.na;
-      continue;
-    }
-    return regel.fout;
+    if (regel.na == 0) return regel.fout;
+    --regel.na;
   }
   return 0;
 }
 
 Status FoutenSchijf::ReadFile(const std::string& p, std::string& c, std::int64_t max) {
-  const int fout = Fout(kLezen, p);
-  return fout != 0 ? Status::Error(fout) : ForwardingFileSystem::ReadFile(p, c, max);
+  return Of(kLezen, p, [&] { return ForwardingFileSystem::ReadFile(p, c, max); });
 }
 Status FoutenSchijf::WriteFile(const std::string& p, std::string_view c) {
-  const int fout = Fout(kSchrijven, p);
-  return fout != 0 ? Status::Error(fout) : ForwardingFileSystem::WriteFile(p, c);
+  return Of(kSchrijven, p, [&] { return ForwardingFileSystem::WriteFile(p, c); });
 }
 Status FoutenSchijf::NewAppendFile(const std::string& p, std::unique_ptr<AppendFile>& file) {
-  if (const int fout = Fout(kLog, p); fout != 0) return Status::Error(fout);
-  const Status status = ForwardingFileSystem::NewAppendFile(p, file);
-  if (status.ok()) file = std::make_unique<FoutLog>(std::move(file), p, *this);
-  return status;
+  return Of(kLog, p, [&] {
+    const Status status = ForwardingFileSystem::NewAppendFile(p, file);
+    if (status.ok()) file = std::make_unique<FoutLog>(std::move(file), p, *this);
+    return status;
+  });
 }
 bool FoutenSchijf::FileExists(const std::string& p) {
   return Fout(kInfo, p) == 0 && ForwardingFileSystem::FileExists(p);
@@ -63,28 +58,22 @@ bool FoutenSchijf::DirectoryExists(const std::string& p) {
   return Fout(kInfo, p) == 0 && ForwardingFileSystem::DirectoryExists(p);
 }
 Status FoutenSchijf::GetFileInfo(const std::string& p, FileInfo& info) {
-  const int fout = Fout(kInfo, p);
-  return fout != 0 ? Status::Error(fout) : ForwardingFileSystem::GetFileInfo(p, info);
+  return Of(kInfo, p, [&] { return ForwardingFileSystem::GetFileInfo(p, info); });
 }
 Status FoutenSchijf::SetModificationTime(const std::string& p, std::int64_t ns) {
-  const int fout = Fout(kTijd, p);
-  return fout != 0 ? Status::Error(fout) : ForwardingFileSystem::SetModificationTime(p, ns);
+  return Of(kTijd, p, [&] { return ForwardingFileSystem::SetModificationTime(p, ns); });
 }
 Status FoutenSchijf::ListFiles(const std::string& d, const std::string& pat, std::vector<std::string>& n) {
-  const int fout = Fout(kLijst, WithTrailingSlash(d));
-  return fout != 0 ? Status::Error(fout) : ForwardingFileSystem::ListFiles(d, pat, n);
+  return Of(kLijst, WithTrailingSlash(d), [&] { return ForwardingFileSystem::ListFiles(d, pat, n); });
 }
 Status FoutenSchijf::DeleteFile(const std::string& p) {
-  const int fout = Fout(kVerwijderen, p);
-  return fout != 0 ? Status::Error(fout) : ForwardingFileSystem::DeleteFile(p);
+  return Of(kVerwijderen, p, [&] { return ForwardingFileSystem::DeleteFile(p); });
 }
 Status FoutenSchijf::RenameFile(const std::string& from, const std::string& to) {
-  const int fout = Fout(kHernoemen, from);
-  return fout != 0 ? Status::Error(fout) : ForwardingFileSystem::RenameFile(from, to);
+  return Of(kHernoemen, from, [&] { return ForwardingFileSystem::RenameFile(from, to); });
 }
 Status FoutenSchijf::CreateDirectory(const std::string& p) {
-  const int fout = Fout(kMap, p);
-  return fout != 0 ? Status::Error(fout) : ForwardingFileSystem::CreateDirectory(p);
+  return Of(kMap, p, [&] { return ForwardingFileSystem::CreateDirectory(p); });
 }
 
 }  // namespace kiekbord::test

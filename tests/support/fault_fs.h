@@ -26,7 +26,6 @@ class FoutenSchijf : public ForwardingFileSystem {
     kLijst = 64,         // ListFiles (the directory is matched, with "/")
     kMap = 128,          // CreateDirectory
     kTijd = 256,         // SetModificationTime
-    kAlles = 511,
   };
 
   FoutenSchijf() : ForwardingFileSystem(LocalFileSystem()) {}
@@ -53,6 +52,11 @@ class FoutenSchijf : public ForwardingFileSystem {
 
   // The error for this call, or 0 when it goes through.
   int Fout(Soort soort, const std::string& path);
+  // The call's error, or what `door` returns when the call goes through.
+  Status Of(Soort soort, const std::string& path, const std::function<Status()>& door) {
+    const int fout = Fout(soort, path);
+    return fout != 0 ? Status::Error(fout) : door();
+  }
 
  private:
   struct Regel {

@@ -1,7 +1,7 @@
 #include "tests/support/golden.h"
 
+#include <algorithm>
 #include <filesystem>
-#include <sstream>
 
 #include "tests/support/test_support.h"
 
@@ -32,21 +32,18 @@ void KopieerMap(const std::string& from, const std::string& to) {
   if (verwachte_tekst == gemaakte_tekst) return ::testing::AssertionSuccess();
 
   // The first line that differs, its line end shown.
-  std::istringstream a(verwachte_tekst), b(gemaakte_tekst);
-  std::string regel_a, regel_b;
-  int nummer = 1;
-  bool in_a = false, in_b = false;
-  while ((in_a = static_cast<bool>(std::getline(a, regel_a))) & (in_b = static_cast<bool>(std::getline(b, regel_b))) &&
-         regel_a == regel_b) {
-    ++nummer;
-  }
-  const auto zichtbaar = [](bool er, const std::string& regel) {
-    if (!er) return std::string("(einde)");
-    return regel.ends_with('\r') ? regel.substr(0, regel.size() - 1) + "\\r" : regel;
+  const auto verschil = std::mismatch(verwachte_tekst.begin(), verwachte_tekst.end(), gemaakte_tekst.begin(),
+                                      gemaakte_tekst.end());
+  const std::size_t plek = verschil.first - verwachte_tekst.begin();
+  const std::size_t begin = plek == 0 ? 0 : verwachte_tekst.rfind('\n', plek - 1) + 1;
+  const auto regel = [begin](const std::string& tekst) {
+    const std::string rest = begin < tekst.size() ? tekst.substr(begin, tekst.find('\n', begin) - begin) : "(einde)";
+    return rest.ends_with('\r') ? rest.substr(0, rest.size() - 1) + "\\r" : rest;
   };
-  return ::testing::AssertionFailure() << gemaakt << " wijkt af van " << verwacht << " op regel " << nummer
-                                       << ":\n  verwacht: " << zichtbaar(in_a, regel_a)
-                                       << "\n  gemaakt:  " << zichtbaar(in_b, regel_b);
+  return ::testing::AssertionFailure() << gemaakt << " wijkt af van " << verwacht << " op regel "
+                                       << std::count(verwachte_tekst.begin(), verschil.first, '\n') + 1
+                                       << ":\n  verwacht: " << regel(verwachte_tekst)
+                                       << "\n  gemaakt:  " << regel(gemaakte_tekst);
 }
 
 }  // namespace kiekbord::test

@@ -8,21 +8,13 @@
 #include <set>
 #include <utility>
 
+#include "base/text.h"
 #include "tests/support/test_support.h"
 
 namespace kiekbord::test {
 namespace {
 
-std::string Klein(std::string text) {
-  std::transform(text.begin(), text.end(), text.begin(),
-                 [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
-  return text;
-}
-
-bool IsPagina(const std::string& naam) {
-  const std::string klein = Klein(naam);
-  return klein.ends_with(".html") || klein.ends_with(".htm");
-}
+bool IsPagina(const std::string& naam) { return Lower(naam).ends_with(".html") || Lower(naam).ends_with(".htm"); }
 
 // The page without its comments and without what stands between a script's
 // start tag and its end tag.
@@ -30,9 +22,9 @@ std::string ZonderCommentaarEnScripts(std::string tekst) {
   for (std::size_t pos; (pos = tekst.find("<!--")) != std::string::npos;) {
     tekst.erase(pos, std::min(tekst.find("-->", pos + 4), tekst.size() - 3) + 3 - pos);
   }
-  for (std::size_t pos = 0; (pos = Klein(tekst).find("<script", pos)) != std::string::npos;) {
+  for (std::size_t pos = 0; (pos = Lower(tekst).find("<script", pos)) != std::string::npos;) {
     pos = std::min(tekst.find('>', pos), tekst.size() - 1) + 1;
-    tekst.erase(pos, std::min(Klein(tekst).find("</script", pos), tekst.size()) - pos);
+    tekst.erase(pos, std::min(Lower(tekst).find("</script", pos), tekst.size()) - pos);
   }
   return tekst;
 }
@@ -46,15 +38,14 @@ struct Attribuut {
 // Every attribute of every tag, names in lower case, values unquoted.
 std::vector<Attribuut> Attributen(const std::string& pagina) {
   static const std::regex kTag(R"(<([a-zA-Z][\w-]*)((?:[^>"']|"[^"]*"|'[^']*')*)>)");
-  static const std::regex kAttribuut(R"re(([^\s=>/"']+)(?:\s*=\s*("[^"]*"|'[^']*'|[^\s>]+))?)re");
+  static const std::regex kAttribuut(R"re(([^\s=>/"']+)(?:\s*=\s*(?:"([^"]*)"|'([^']*)'|([^\s>]+)))?)re");
   std::vector<Attribuut> attributen;
   const std::string tekst = ZonderCommentaarEnScripts(pagina);
   for (std::sregex_iterator tag(tekst.begin(), tekst.end(), kTag), einde; tag != einde; ++tag) {
     const std::string inhoud = (*tag)[2];
     for (std::sregex_iterator a(inhoud.begin(), inhoud.end(), kAttribuut); a != einde; ++a) {
-      std::string waarde = (*a)[2];
-      if (!waarde.empty() && (waarde[0] == '"' || waarde[0] == '\'')) waarde = waarde.substr(1, waarde.size() - 2);
-      attributen.push_back({Klein((*tag)[1]), Klein((*a)[1]), waarde});
+      const std::string waarde = (*a)[2].str() + (*a)[3].str() + (*a)[4].str();  // one of the three is there
+      attributen.push_back({Lower((*tag)[1].str()), Lower((*a)[1].str()), waarde});
     }
   }
   return attributen;
@@ -62,7 +53,7 @@ std::vector<Attribuut> Attributen(const std::string& pagina) {
 
 std::vector<std::string> Links(const std::string& naam, const std::string& tekst) {
   std::vector<std::string> links;
-  if (Klein(naam).ends_with(".css")) {
+  if (Lower(naam).ends_with(".css")) {
     static const std::regex kUrl(R"(url\(\s*["']?([^"')\s]*))");
     for (std::sregex_iterator url(tekst.begin(), tekst.end(), kUrl), einde; url != einde; ++url) {
       links.push_back((*url)[1]);
@@ -70,10 +61,9 @@ std::vector<std::string> Links(const std::string& naam, const std::string& tekst
   }
   if (!IsPagina(naam)) return links;
   for (const Attribuut& a : Attributen(tekst)) {
-    if (a.naam == "href" || a.naam == "src") links.push_back(a.waarde);
-    if (a.tag == "option" && a.naam == "value" && Klein(a.waarde).find(".htm") != std::string::npos) {
-      links.push_back(a.waarde);
-    }
+    const bool pagina_keuze =
+        a.tag == "option" && a.naam == "value" && Lower(a.waarde).find(".htm") != std::string::npos;
+    if (a.naam == "href" || a.naam == "src" || pagina_keuze) links.push_back(a.waarde);
     // A button: onClick="self.location.href='kbovz.html';".
     if (const std::size_t begin = a.waarde.find("location.href='"); begin != std::string::npos) {
       const std::size_t start = begin + 15;
@@ -85,23 +75,18 @@ std::vector<std::string> Links(const std::string& naam, const std::string& tekst
 
 bool HeeftSchema(const std::string& link) {
   const std::size_t dubbele_punt = link.find(':');
-  return link.starts_with("//") ||
-         (dubbele_punt != std::string::npos && link.find_first_of("/#?") > dubbele_punt);
+  return link.starts_with("//") || (dubbele_punt != std::string::npos && link.find_first_of("/#?") > dubbele_punt);
 }
 
 // "%22" and the like back to the bytes they stand for, as a browser does.
-std::string ProcentGedecodeerd(const std::string& link) {
-  std::string uit;
-  for (std::size_t i = 0; i < link.size(); ++i) {
-    if (link[i] == '%' && i + 2 < link.size() && std::isxdigit(static_cast<unsigned char>(link[i + 1])) &&
+std::string ProcentGedecodeerd(std::string link) {
+  for (std::size_t i = 0; (i = link.find('%', i)) != std::string::npos; ++i) {
+    if (i + 2 < link.size() && std::isxdigit(static_cast<unsigned char>(link[i + 1])) &&
         std::isxdigit(static_cast<unsigned char>(link[i + 2]))) {
-      uit += static_cast<char>(std::stoi(link.substr(i + 1, 2), nullptr, 16));
-      i += 2;
-    } else {
-      uit += link[i];
+      link.replace(i, 3, 1, static_cast<char>(std::stoi(link.substr(i + 1, 2), nullptr, 16)));
     }
   }
-  return uit;
+  return link;
 }
 
 // Every link of the folder with the page it stands on.

@@ -12,24 +12,20 @@ namespace kiekbord::test {
 namespace {
 
 std::string Codeer(int breedte, int hoogte, int tint, bool ruis) {
-  const int pitch = breedte * 3;
-  std::vector<std::uint8_t> pixels(static_cast<std::size_t>(pitch) *
-                                   static_cast<std::size_t>(hoogte));
+  std::vector<std::uint8_t> pixels;
   for (int y = 0; y < hoogte; ++y) {
     for (int x = 0; x < breedte; ++x) {
-      std::uint8_t* pixel = &pixels[static_cast<std::size_t>(y * pitch + x * 3)];
-      pixel[0] = static_cast<std::uint8_t>(x * 255 / breedte);
-      pixel[1] = static_cast<std::uint8_t>(y * 255 / hoogte);
-      pixel[2] = static_cast<std::uint8_t>(tint * 37);
-      // Detail that survives shrinking keeps even a thumbnail
-      // from compressing to almost nothing.
-      if (ruis) {
-        const unsigned hash = (static_cast<unsigned>(x / 6) * 2654435761u) ^ (static_cast<unsigned>(y / 6) * 40503u);
-        for (int c = 0; c < 3; ++c) pixel[c] = static_cast<std::uint8_t>(pixel[c] ^ ((hash >> (8 * c)) & 0x7F));
+      // Noise that survives shrinking keeps even a thumbnail from compressing
+      // to almost nothing.
+      const unsigned ruis_hier =
+          ruis ? (static_cast<unsigned>(x / 6) * 2654435761u) ^ (static_cast<unsigned>(y / 6) * 40503u) : 0;
+      const int kleur[] = {x * 255 / breedte, y * 255 / hoogte, tint * 37};
+      for (int c = 0; c < 3; ++c) {
+        pixels.push_back(static_cast<std::uint8_t>(kleur[c] ^ static_cast<int>((ruis_hier >> (8 * c)) & 0x7F)));
       }
     }
   }
-  const PixelVlak vlak{pixels.data(), breedte, hoogte, pitch, PixelVolgorde::kRgb, false};
+  const PixelVlak vlak{pixels.data(), breedte, hoogte, breedte * 3, PixelVolgorde::kRgb, false};
   std::string jpeg;
   const Status status = CodeerJpeg(vlak, 85, jpeg);
   if (!status.ok()) throw std::runtime_error("CodeerJpeg: " + status.description());

@@ -1,7 +1,5 @@
 #include "tests/support/test_support.h"
 
-#include <gtest/gtest.h>
-
 #include <algorithm>
 #include <cstdlib>
 #include <filesystem>
@@ -50,5 +48,21 @@ std::vector<std::string> BestandenIn(const std::string& map) {
 }
 
 std::string TestDataDir() { return std::string(KIEKBORD_TEST_DATA_DIR) + "/"; }
+
+std::vector<std::vector<std::string>> Tabelrijen(const std::string& path) {
+  std::vector<std::vector<std::string>> rijen;
+  std::istringstream regels(ReadBytes(path));
+  for (std::string regel; std::getline(regels, regel);) {
+    if (regel.empty() || regel[0] == '#') continue;
+    for (const auto& [teken, wordt] : {std::pair{"\\n", "\n"}, std::pair{"\\r", "\r"}}) {
+      for (std::size_t pos; (pos = regel.find(teken)) != std::string::npos;) regel.replace(pos, 2, wordt);
+    }
+    std::istringstream velden(regel + "|");  // the "|" ends the last field, even an empty one
+    std::vector<std::string>& rij = rijen.emplace_back();
+    for (std::string veld; std::getline(velden, veld, '|');) rij.push_back(veld);
+  }
+  if (rijen.empty()) throw std::runtime_error("no rows in " + path);
+  return rijen;
+}
 
 }  // namespace kiekbord::test

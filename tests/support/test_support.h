@@ -32,4 +32,9 @@ std::vector<std::string> BestandenIn(const std::string& map);
 // The directory of the tests' own data files, ending in "/".
 std::string TestDataDir();
 
+// The rows of a table file, each line one row of fields separated by "|".
+// Lines starting with "#" are comments; "\n" and "\r" in a field stand for a
+// line feed and a carriage return. Throws when the file holds no rows.
+std::vector<std::vector<std::string>> Tabelrijen(const std::string& path);
+
 }  // namespace kiekbord::test
