@@ -297,6 +297,12 @@ void MainWindow::Voltooien() {
   const SiteResultaat resultaat = MaakSiteMetVoortgang(this, script_pad_, d_.settings, d_.voortgang_geopend);
   bezig_ = false;
 
+  // Another run holds the output directory: this one wrote nothing, and the
+  // log beside the script is that run's.
+  if (!resultaat.geweigerd.empty()) {
+    d_.meldingen->Toon(this, {MeldingSoort::kWaarschuwing, resultaat.geweigerd});
+    return;
+  }
   const Afronding afronding =
       AfrondingNaRun(resultaat.failed == kGelukt, d_.settings, algemeen_->UitvoerDir(), script_pad_);
   if (!afronding.is_vraag) {

@@ -155,7 +155,7 @@ TEST_F(FotoBewerken, FailuresLeaveThePhotoAndSayWhichLibraryRan) {
     const char* ijl;
   } gevallen[] = {
       {"damaged", [this] { WriteBytes(foto_, "\xFF\xD8" + std::string(600, '\x11')); }, false, "26002",
-       "Cannot load image: ", "Failed to read JPG"},
+       "De foto ", "is onvolledig: het bestand houdt op voor de beeldgegevens."},
       {"missing", [] {}, false, "53", "File not found", "File not found"},
       {"full disk", [this] { WriteBytes(foto_, origineel_); }, true, "61", "Disk full", "Disk full"},
       // 65,535 x 65,535 pixels would take 12 GB decoded: refused before any
@@ -182,7 +182,7 @@ TEST_F(FotoBewerken, FailuresLeaveThePhotoAndSayWhichLibraryRan) {
     const std::string fout = "Fout " + std::string(g.nummer) + " tijdens ";
     EXPECT_THAT(Teksten(meldingen),
                 ElementsAre(StartsWith(fout + "roteren foto (GDI).\r\n(" + g.gdi),
-                            fout + "roteren foto.(" + g.ijl + ")",
+                            fout + "roteren foto.(" + (std::string(g.naam) == "damaged" ? "De foto " + foto_ + " " : "") + g.ijl + ")",
                             StartsWith(fout + "verkleinen foto (GDI).\r\n(" + g.gdi)));
     if (std::string(g.naam) != "damaged") {
       EXPECT_THAT(Teksten(meldingen)[0], ::testing::EndsWith(std::string(g.gdi) + ")"));

@@ -109,7 +109,7 @@ TEST_F(GladdeBewerking, ThumbnailSmoothsInsteadOfSampling) {
 TEST_F(GladdeBewerking, ThumbnailFailureIsLoggedShownAndPassedOn) {
   test::WriteBytes(dir_ / "png.jpg", "\x89PNG\r\n\x1a\n" + std::string(100, '\0'));
   test::WriteBytes(dir_ / "groot.jpg", test::KaleKop(65000, 65000));
-  const std::string png = "Cannot load image: Not a JPEG file: starts with 0x89 0x50";
+  const std::string png = "De foto " + dir_ / "png.jpg" + " is geen JPEG-bestand.";
   const std::string groot = "Image too large: 65000 x 65000 pixels";  // refused before decoding
   for (const auto& [naam, fout] : {std::pair{"png", png}, {"weg", "File not found"}, {"groot", groot}}) {
     const Status status = GDIMaakThumb(dir_ / naam + ".jpg", dir_ / naam + "_tn.jpg", log_.log(), meldingen_);
@@ -189,7 +189,7 @@ TEST_F(GladdeBewerking, EditFailuresLeaveThePhotoAlone) {
 
   ASSERT_EQ(meldingen_.meldingen.size(), 3u);
   EXPECT_EQ(meldingen_.meldingen[0], "Fout 53 tijdens roteren foto (GDI).\n(File not found)");
-  EXPECT_THAT(meldingen_.meldingen[1], StartsWith("Fout 26002 tijdens verkleinen foto (GDI).\n(Cannot load image: "));
+  EXPECT_THAT(meldingen_.meldingen[1], StartsWith("Fout 26002 tijdens verkleinen foto (GDI).\n(De foto "));
   EXPECT_EQ(meldingen_.meldingen[2], "Fout 26002 tijdens verkleinen foto (GDI).\n(Error creating backup.)");
   EXPECT_EQ(test::ReadBytes(dir_ / "foto.jpg"), origineel);
   EXPECT_TRUE(log_.regels().empty());

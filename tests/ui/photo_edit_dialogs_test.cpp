@@ -211,7 +211,8 @@ void PhotoEditDialogsTest::rotateAsksAndTurnsWithABackup() {
   o.meldingen.antwoorden = {true};
   o.Actie("mnuBewerkenFotoRoterenLinks")->trigger();
   QCOMPARE(o.meldingen.getoond.back().melding,
-           (Melding{MeldingSoort::kWaarschuwing, "Fout 26002 tijdens roteren foto.(Failed to read JPG)"}));
+           (Melding{MeldingSoort::kWaarschuwing, "Fout 26002 tijdens roteren foto.(De foto " + o.uit + "staand.jpg"
+                                                 " is onvolledig: het bestand houdt op voor de beeldgegevens.)"}));
   QCOMPARE(Lees(o.uit + "staand.jpg"), std::string("\xFF\xD8 dit is geen foto"));
   QVERIFY(o.Sluit());
 }
