@@ -2,6 +2,8 @@
 
 #include <dirent.h>
 #include <fcntl.h>
+#include <signal.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -9,6 +11,7 @@
 #include <atomic>
 #include <cerrno>
 #include <cstring>
+#include <limits>
 
 #include "base/text.h"
 
@@ -24,6 +27,12 @@ class Descriptor {
   Descriptor& operator=(const Descriptor&) = delete;
   int get() const { return fd_; }
   bool valid() const { return fd_ >= 0; }
+  // Hands the descriptor to a new owner.
+  int Release() {
+    const int fd = fd_;
+    fd_ = -1;
+    return fd;
+  }
   // Closes now and reports the result (a deferred write error shows here).
   int Close() {
     const int result = ::close(fd_);
@@ -68,8 +77,59 @@ class LocalAppendFile : public AppendFile {
   Descriptor fd_;
 };
 
+// Holds an open descriptor of the directory with flock() on it; closing the
+// descriptor (or the process ending) releases the lock.
+class LocalDirectoryLock : public DirectoryLock {
+ public:
+  explicit LocalDirectoryLock(int fd) : fd_(fd) {}
+
+ private:
+  Descriptor fd_;
+};
+
 class DiskFileSystem : public FileSystem {
  public:
+  Status ReadFilePart(const std::string& path, std::int64_t offset, std::int64_t max_bytes,
+                      std::string& contents) override {
+    contents.clear();
+    Descriptor fd(::open(path.c_str(), O_RDONLY | O_CLOEXEC));
+    if (!fd.valid()) return Status::FromErrno(errno);
+    struct stat st {};
+    if (::fstat(fd.get(), &st) != 0) return Status::FromErrno(errno);
+    if (S_ISDIR(st.st_mode)) return Status::Error(fout::kPathFileAccess);
+    contents.resize(static_cast<std::size_t>(std::max<std::int64_t>(max_bytes, 0)));
+    std::size_t got_total = 0;
+    while (got_total < contents.size()) {
+      const ssize_t got = ::pread(fd.get(), contents.data() + got_total, contents.size() - got_total,
+                                  static_cast<off_t>(offset + static_cast<std::int64_t>(got_total)));
+      if (got < 0) {
+        if (errno == EINTR) continue;
+        contents.clear();
+        return Status::FromErrno(errno);
+      }
+      if (got == 0) break;
+      got_total += static_cast<std::size_t>(got);
+    }
+    contents.resize(got_total);
+    return Status::Ok();
+  }
+
+  Status LockDirectory(const std::string& path, std::unique_ptr<DirectoryLock>& lock) override {
+    Descriptor fd(::open(path.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    if (!fd.valid()) {
+      const int number = ErrorNumberFromErrno(errno);
+      // Only a lock held elsewhere may read as "Permission denied".
+      return Status::Error(number == fout::kPermissionDenied ? fout::kPathFileAccess : number);
+    }
+    while (::flock(fd.get(), LOCK_EX | LOCK_NB) != 0) {
+      if (errno == EINTR) continue;
+      return Status::Error(errno == EWOULDBLOCK ? fout::kPermissionDenied : fout::kPathFileAccess);
+    }
+    lock = std::make_unique<LocalDirectoryLock>(fd.get());
+    static_cast<void>(fd.Release());
+    return Status::Ok();
+  }
+
   Status ReadFile(const std::string& path, std::string& contents, std::int64_t max_bytes) override {
     contents.clear();
     Descriptor fd(::open(path.c_str(), O_RDONLY | O_CLOEXEC));
@@ -215,6 +275,44 @@ bool Glob(const std::u32string& name, const std::u32string& pattern) {
 }
 
 }  // namespace
+
+Status FileSystem::ReadFilePart(const std::string& path, std::int64_t offset, std::int64_t max_bytes,
+                                std::string& contents) {
+  const Status status = ReadFile(path, contents, offset + max_bytes);
+  if (!status.ok()) {
+    contents.clear();
+    return status;
+  }
+  contents.erase(0, std::min(contents.size(), static_cast<std::size_t>(offset)));
+  return Status::Ok();
+}
+
+Status FileSystem::LockDirectory(const std::string&, std::unique_ptr<DirectoryLock>& lock) {
+  lock = std::make_unique<DirectoryLock>();
+  return Status::Ok();
+}
+
+bool IsLeftoverTemporaryName(std::string_view name) {
+  constexpr std::string_view kMark = ".kbtmp";
+  const auto mark = name.rfind(kMark);
+  if (mark == std::string_view::npos || mark == 0) return false;
+  const std::string_view rest = name.substr(mark + kMark.size());
+  const auto dash = rest.find('-');
+  const auto digits = [](std::string_view part) {
+    return !part.empty() && part.size() <= 18 &&
+           std::all_of(part.begin(), part.end(), [](char c) { return c >= '0' && c <= '9'; });
+  };
+  if (dash == std::string_view::npos || !digits(rest.substr(0, dash)) || !digits(rest.substr(dash + 1))) return false;
+  const long long pid = std::stoll(std::string(rest.substr(0, dash)));
+  if (pid > std::numeric_limits<pid_t>::max()) return true;  // no process can have it
+  if (pid <= 0 || pid == ::getpid()) return false;
+  // A running process may be writing it right now; only a dead one's is left over.
+  return ::kill(static_cast<pid_t>(pid), 0) != 0 && errno == ESRCH;
+}
+
+bool IsPlainName(std::string_view name) {
+  return !name.empty() && name != "." && name != ".." && name.find('/') == std::string_view::npos;
+}
 
 FileSystem& LocalFileSystem() {
   static DiskFileSystem local;

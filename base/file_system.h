@@ -35,6 +35,14 @@ class AppendFile {
   virtual Status Close() = 0;
 };
 
+// An advisory lock on a directory, held until this object goes. The system
+// drops it when the process that holds it dies, so a killed run never leaves
+// a directory locked.
+class DirectoryLock {
+ public:
+  virtual ~DirectoryLock() = default;
+};
+
 class FileSystem {
  public:
   virtual ~FileSystem() = default;
@@ -42,6 +50,12 @@ class FileSystem {
   // The whole file, or at most `max_bytes` of it when that is not negative.
   virtual Status ReadFile(const std::string& path, std::string& contents,
                           std::int64_t max_bytes = -1) = 0;
+  // At most `max_bytes` of the file from byte `offset` on; shorter at the
+  // end of the file. The default reads through ReadFile, so a double that
+  // overrides only ReadFile sees (and can fail) every part read; the local
+  // disk reads just the part asked for.
+  virtual Status ReadFilePart(const std::string& path, std::int64_t offset, std::int64_t max_bytes,
+                              std::string& contents);
   // Replaces the file in one step: the data goes to a temporary file beside
   // it that is renamed over the target, so a failure never leaves a
   // half-written file where a complete one was.
@@ -63,6 +77,13 @@ class FileSystem {
   virtual Status DeleteFile(const std::string& path) = 0;
   virtual Status RenameFile(const std::string& from, const std::string& to) = 0;
   virtual Status CreateDirectory(const std::string& path) = 0;
+
+  // Takes an exclusive advisory lock on the directory itself (no file is
+  // added to it). Fails with 70 (Permission denied) when another process
+  // holds the lock, with 53 or 76 when the directory is not there, and with
+  // 75 when it cannot be opened otherwise. The default, for file systems no
+  // other process can see, always succeeds.
+  virtual Status LockDirectory(const std::string& path, std::unique_ptr<DirectoryLock>& lock);
 };
 
 // The local disk.
@@ -116,6 +137,11 @@ class ForwardingFileSystem : public FileSystem {
   Status CreateDirectory(const std::string& path) override {
     return target_.CreateDirectory(path);
   }
+  Status LockDirectory(const std::string& path, std::unique_ptr<DirectoryLock>& lock) override {
+    return target_.LockDirectory(path, lock);
+  }
+  // ReadFilePart is left to the default, so that an overridden ReadFile sees
+  // every read.
 
  private:
   FileSystem& target_;
@@ -128,6 +154,15 @@ bool MatchesPattern(std::string_view name, std::string_view pattern);
 // Copies a file through the installed file system; the copy gets the
 // source's modification time.
 Status CopyFileKeepingTime(const std::string& from, const std::string& to);
+
+// True for the name of a temporary file of WriteFile ("NAME.kbtmp" + process
+// id + "-" + number) whose process is no longer running: a run that died
+// left it behind.
+bool IsLeftoverTemporaryName(std::string_view name);
+
+// True when `name` names a file or directory inside a directory: not empty,
+// not "." or "..", and without "/" (so neither absolute nor reaching up).
+bool IsPlainName(std::string_view name);
 
 // Path helpers: the directory part with its trailing "/", and the file name.
 std::string DirectoryOf(const std::string& path);

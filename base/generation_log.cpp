@@ -20,7 +20,7 @@ void GenerationLog::Close() {
   if (!file_) return;
   const Status status = file_->Close();
   file_.reset();
-  if (!status.ok()) throw RunError(status);
+  if (!status.ok()) throw RunError(status, "logbestand " + path_);
 }
 
 void GenerationLog::SchrijfLog(std::string_view text) {
@@ -28,8 +28,9 @@ void GenerationLog::SchrijfLog(std::string_view text) {
   const std::string command = Lower(text.substr(0, 5));
   if (command == "open:") {
     Close();
-    const Status status = Fs().NewAppendFile(std::string(text.substr(5)), file_);
-    if (!status.ok()) throw RunError(status);
+    path_ = std::string(text.substr(5));
+    const Status status = Fs().NewAppendFile(path_, file_);
+    if (!status.ok()) throw RunError(status, "logbestand " + path_);
     return;
   }
   if (command == "close") {
@@ -40,7 +41,7 @@ void GenerationLog::SchrijfLog(std::string_view text) {
   if (observer_) observer_(line);
   if (!file_) throw RunError(fout::kBadFileName);
   const Status status = file_->Append(line + "\r\n");
-  if (!status.ok()) throw RunError(status);
+  if (!status.ok()) throw RunError(status, "logbestand " + path_);
 }
 
 }  // namespace kiekbord

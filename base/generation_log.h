@@ -26,8 +26,9 @@ class GenerationLog {
   GenerationLog& operator=(const GenerationLog&) = delete;
 
   // Writes one log line, or opens or closes the log as described above.
-  // Throws RunError when the log cannot be created or written, or when a
-  // line is written while no log is open (52, "Bad file name or number").
+  // Throws RunError, naming the log file, when the log cannot be created or
+  // written, or when a line is written while no log is open (52, "Bad file
+  // name or number").
   void SchrijfLog(std::string_view text);
 
  private:
@@ -35,6 +36,7 @@ class GenerationLog {
 
   std::mutex mutex_;
   std::unique_ptr<AppendFile> file_;
+  std::string path_;  // of the log opened last, for failure reports
   LogObserver observer_;
 };
 

@@ -9,6 +9,7 @@
 // lines through one program-wide cursor.
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 
@@ -17,10 +18,19 @@
 
 namespace kiekbord {
 
+// The longest line kept, in bytes (64 KiB, twice the 32,767 characters a
+// text may have anyway): a longer line is cut to its first kMaxRegelBytes
+// bytes (less a character the cut would split) and the rest of it is skipped.
+inline constexpr std::size_t kMaxRegelBytes = 65536;
+
 // Reads a file into `table`: lines trimmed of spaces, empty ones dropped
-// unless `keep_empty`, at most capacity() lines. The count slot gets the
-// number of lines stored; on failure it gets "%Error <n> <description>" and
-// the returned status says the same.
+// unless `keep_empty`, at most capacity() lines, each cut at
+// kMaxRegelBytes. Reading stops when the table is full, so memory follows
+// the table, never the file's size: a file of any size costs at most
+// capacity() * kMaxRegelBytes. Whether the text is UTF-8 or Windows-1252 is
+// decided on the lines kept. The count slot gets the number of lines stored;
+// on failure it gets "%Error <n> <description>" and the returned status says
+// the same.
 Status LeesRegels(const std::string& path, LineTable& table, bool keep_empty);
 
 // The same on bytes already in memory (never fails).

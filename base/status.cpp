@@ -61,4 +61,14 @@ Status StatusVanUitzondering() {
   }
 }
 
+std::string OnderwerpVanUitzondering() {
+  try {
+    throw;
+  } catch (const RunError& error) {
+    return error.onderwerp();
+  } catch (...) {
+    return "";
+  }
+}
+
 }  // namespace kiekbord

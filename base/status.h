@@ -67,18 +67,27 @@ Status StatusVanUitzondering();
 // Raised where the program's classic behaviour is to abandon an operation at
 // once (a table overflow, a text beyond the 16-bit limits, an unwritable log).
 // Callers that own an error boundary catch it and turn it into a value.
+// `onderwerp` says what failed, for the user's report: a file's path, or a
+// setting and the file it is in; empty when the thrower cannot tell.
 class RunError : public std::runtime_error {
  public:
-  explicit RunError(int number) : RunError(Status::Error(number)) {}
-  explicit RunError(const Status& status)
+  explicit RunError(int number, std::string onderwerp = {}) : RunError(Status::Error(number), std::move(onderwerp)) {}
+  explicit RunError(const Status& status, std::string onderwerp = {})
       : std::runtime_error(std::to_string(status.number()) + " " + status.description()),
-        status_(status) {}
+        status_(status),
+        onderwerp_(std::move(onderwerp)) {}
   const Status& status() const { return status_; }
   int number() const { return status_.number(); }
   const std::string& description() const { return status_.description(); }
+  const std::string& onderwerp() const { return onderwerp_; }
 
  private:
   Status status_;
+  std::string onderwerp_;
 };
+
+// The subject of the RunError being handled, or "" for any other exception;
+// call only inside a catch block.
+std::string OnderwerpVanUitzondering();
 
 }  // namespace kiekbord

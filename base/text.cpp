@@ -134,6 +134,10 @@ bool IsValidUtf8(std::string_view bytes) {
 std::string DecodeText(std::string_view bytes) {
   if (StartsWith(bytes, "\xEF\xBB\xBF")) bytes.remove_prefix(3);
   if (IsValidUtf8(bytes)) return std::string(bytes);
+  return Windows1252NaarUtf8(bytes);
+}
+
+std::string Windows1252NaarUtf8(std::string_view bytes) {
   std::string out;
   out.reserve(bytes.size() + bytes.size() / 8);
   for (const char ch : bytes) {

@@ -19,6 +19,9 @@ bool IsValidUtf8(std::string_view bytes);
 // UTF-8 is kept, anything else is converted from Windows-1252.
 std::string DecodeText(std::string_view bytes);
 
+// Windows-1252 bytes as UTF-8 text, whatever they hold.
+std::string Windows1252NaarUtf8(std::string_view bytes);
+
 // Number of characters (code points) in UTF-8 text.
 std::size_t CharCount(std::string_view text);
 

@@ -135,4 +135,48 @@ std::string BestandsLink(std::string_view naam) {
   return link;
 }
 
+std::string AttribuutTekst(std::string_view text) {
+  std::string result;
+  result.reserve(text.size());
+  for (const char c : text) {
+    switch (c) {
+      case '"': result += "&quot;"; break;
+      case '<': result += "&lt;"; break;
+      case '>': result += "&gt;"; break;
+      default: result += c;
+    }
+  }
+  return result;
+}
+
+std::string ScriptTekst(std::string_view text) {
+  // U+2028 and U+2029 end a line in older script engines.
+  constexpr std::string_view kRegelScheider = "\xE2\x80\xA8";
+  constexpr std::string_view kAlineaScheider = "\xE2\x80\xA9";
+  std::string result;
+  result.reserve(text.size());
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    const char c = text[i];
+    const auto byte = static_cast<unsigned char>(c);
+    if (c == '\\' || c == '\'' || c == '"') {
+      result += '\\';
+      result += c;
+    } else if (c == '\n') {
+      result += "\\n";
+    } else if (c == '\r') {
+      result += "\\r";
+    } else if (c == '<' || byte < 0x20 || byte == 0x7F) {
+      char escape[5];
+      std::snprintf(escape, sizeof escape, "\\x%02X", byte);
+      result += escape;
+    } else if (text.substr(i, 3) == kRegelScheider || text.substr(i, 3) == kAlineaScheider) {
+      result += text.substr(i, 3) == kRegelScheider ? "\\u2028" : "\\u2029";
+      i += 2;
+    } else {
+      result += c;
+    }
+  }
+  return result;
+}
+
 }  // namespace kiekbord

@@ -53,4 +53,18 @@ int TelTeken(std::string_view text, std::string_view character);
 // an ordinary name ("strand.jpg") is unchanged.
 std::string BestandsLink(std::string_view naam);
 
+// A user text as the value of a double-quoted attribute: the double quote,
+// "<" and ">" become "&quot;", "&lt;" and "&gt;"; everything else, "&", the
+// apostrophe and backslashes included, stays as it is, so an ordinary title
+// ("Foto's van Jan & Piet") gives the same bytes as always.
+std::string AttribuutTekst(std::string_view text);
+
+// A user text inside a JavaScript string in a page's <script> block,
+// whichever quote stands around it: the backslash and both quotes get a
+// backslash before them, "<" becomes "\x3C" (so that neither "</script>"
+// nor "<!--" can occur), line breaks, other control characters and the
+// line and paragraph separators U+2028 and U+2029 become escapes. A text
+// without any of these stays as it is.
+std::string ScriptTekst(std::string_view text);
+
 }  // namespace kiekbord

@@ -35,9 +35,9 @@ void PrintUsage(std::ostream& out) {
          "  --help        deze tekst tonen\n"
          "  --version     de versie tonen\n"
          "\n"
-         "Afsluitcode: 0 na \"Normaal einde.\", 1 na \"Abnormaal einde.\" of een\n"
-         "onverwachte fout, 2 bij onjuist gebruik. Met --controleer: 0 als het script\n"
-         "gelezen is, 1 als het niet te lezen is.\n";
+         "Afsluitcode: 0 na \"Normaal einde.\", 1 na \"Abnormaal einde.\", een\n"
+         "onverwachte fout of een bezette uitvoermap, 2 bij onjuist gebruik. Met\n"
+         "--controleer: 0 als het script gelezen is, 1 als het niet te lezen is.\n";
 }
 
 int Generate(const std::string& script_path) {
@@ -52,10 +52,12 @@ int Generate(const std::string& script_path) {
   StderrMelder melder;
   const SiteOmgeving omgeving{settings, log, melder};
   const SiteResultaat result = MaakSite(script_path, omgeving);
+  if (!result.geweigerd.empty()) std::cerr << result.geweigerd << "\n";
   if (result.onverwacht) {
-    std::cerr << "Onverwachte fout " << result.onverwacht->number() << " ("
-              << result.onverwacht->description() << "); het logbestand " << LogPad(script_path)
-              << " is onvolledig.\n";
+    std::cerr << "Onverwachte fout " << result.onverwacht->number() << " (" << result.onverwacht->description()
+              << ")";
+    if (!result.onderwerp.empty()) std::cerr << " bij " << result.onderwerp;
+    std::cerr << "; het logbestand " << LogPad(script_path) << " is onvolledig.\n";
   }
   return result.failed == kGelukt ? kExitOk : kExitFailed;
 }

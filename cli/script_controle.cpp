@@ -7,7 +7,9 @@
 #include "base/keyed_text_file.h"
 #include "base/line_table.h"
 #include "gallery/script_reader.h"
+#include "base/text.h"
 #include "base/text_helpers.h"
+#include "gallery/gallery_script.h"
 
 namespace kiekbord {
 namespace {
@@ -74,11 +76,21 @@ void PrintFotos(std::ostream& out, const ScriptGelezen& gelezen) {
   }
 }
 
-void PrintRecord(std::ostream& out, const ScriptGelezen& gelezen) {
+// The output directory as the generation run takes it, which is where the
+// site goes: the window fills in a directory for a script without one, the
+// run refuses such a script, and so does it a directory that is no full path.
+std::string UitvoerDirTekst(const LineTable& tabel) {
+  const std::string uitvoer = LeesWaarde(tabel, script_sleutel::kAlgemeen, script_sleutel::kUitvoerDir, "");
+  if (uitvoer.empty()) return "(geen; de generatie weigert dit script)";
+  if (!StartsWith(uitvoer, "/")) return uitvoer + " (geen volledig pad; de generatie weigert dit script)";
+  return uitvoer;
+}
+
+void PrintRecord(std::ostream& out, const ScriptGelezen& gelezen, const LineTable& tabel) {
   const GalleryScript& script = gelezen.script;
   out << "Vorm: " << (gelezen.ouder_formaat ? "ouder (zonder Versie)" : "huidig") << '\n';
   out << "InvoerDir: " << script.invoer_dir << '\n';
-  out << "UitvoerDir: " << script.uitvoer_dir << '\n';
+  out << "UitvoerDir: " << UitvoerDirTekst(tabel) << '\n';
   out << "Titel: " << script.titel << '\n';
   out << "Subtitel: " << script.subtitel << '\n';
   out << "Datum: " << script.datum << '\n';
@@ -128,7 +140,7 @@ int ControleerScript(const std::string& pad, const ProgramSettings& settings, st
   MappenZonderVenster mappen;
   const ScriptGelezen gelezen = ScriptLezen(tabel, omgeving, mappen);
 
-  PrintRecord(out, gelezen);
+  PrintRecord(out, gelezen, tabel);
   PrintMeldingen(out, gelezen.meldingen);
   if (TeLang(pad)) {
     out << "Let op: het script heeft meer dan " << capaciteit::kScript << " regels; alleen de eerste "

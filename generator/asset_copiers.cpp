@@ -76,7 +76,7 @@ std::vector<std::string> ZoekAssets(const std::string& sjabloon_dir, const Asset
 FileInfo InfoVan(const std::string& path) {
   FileInfo info;
   const Status status = Fs().GetFileInfo(path, info);
-  if (!status.ok()) throw RunError(status);
+  if (!status.ok()) throw RunError(status, path);
   return info;
 }
 
@@ -106,7 +106,7 @@ void KopieerAssets(const std::string& sjabloon_dir, const std::string& uitvoer_d
     const std::string doel = uitvoer_dir + Lower(naam);
     if (IsActueel(bron, doel)) continue;
     const Status status = CopyFileKeepingTime(bron, doel);
-    if (!status.ok()) throw RunError(status);
+    if (!status.ok()) throw RunError(status, "het kopiëren van " + bron + " naar " + doel);
     ++gekopieerd;
   }
   log.SchrijfLog(gekopieerd == 0 ? std::string(soort.geen_gekopieerd)

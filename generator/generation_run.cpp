@@ -31,8 +31,10 @@ constexpr std::array<std::string SiteGegevens::*, kKleurVelden.size()> kKleurTek
     &SiteGegevens::kleur_tekst_op_achtergrond, &SiteGegevens::kleur_achtergrond,
     &SiteGegevens::kleur_tekst_in_kader, &SiteGegevens::kleur_kader};
 
-// The script's values and the photos taken in.
-SiteGegevens LeesScriptWaarden(const LineTable& script) {
+// The script's values and the photos taken in. A photo name that reaches
+// into another directory is logged and left out, like any other name the
+// run does not take in: the other photos still make a gallery.
+SiteGegevens LeesScriptWaarden(const LineTable& script, GenerationLog& log) {
   using namespace script_sleutel;
   SiteGegevens g;
   const auto algemeen = [&](std::string_view key, std::string_view fallback) {
@@ -65,7 +67,11 @@ SiteGegevens LeesScriptWaarden(const LineTable& script) {
     const bool taken_in = CharCount(naam) >= 6 && EndsWith(naam, ".jpg") &&
                           (!bijschrift.empty() || g.fotos_zonder_bijschrift == "0");
     if (!taken_in) continue;
-    if (g.AantalFotos() == kMaxPhotos) throw RunError(fout::kSubscriptOutOfRange);
+    if (!IsPlainName(naam)) {
+      log.SchrijfLog("Foto '" + naam + "' in [" + section + "] overgeslagen: een fotonaam mag geen map bevatten.");
+      continue;
+    }
+    if (g.AantalFotos() == kMaxPhotos) throw RunError(fout::kSubscriptOutOfRange, "AantalFotos");
     g.foto_namen.push_back(std::move(naam));
     g.bijschriften.push_back(std::move(bijschrift));
   }
@@ -84,7 +90,9 @@ void BouwSjabloonPaden(SiteGegevens& g, const ProgramSettings& settings) {
   g.stijl_sjabloon = g.sjabloon_dir + "kb.css";
 
   const double piece = std::nearbyint(LeadingNumber(g.positie_bijschriften) + 1);
-  if (piece < -32768 || piece > 32767) throw RunError(fout::kOverflow);
+  if (piece < -32768 || piece > 32767) {
+    throw RunError(fout::kOverflow, std::string(kKeuzeVelden[2].sleutel));  // the caption position
+  }
   g.foto_sjabloon = g.sjabloon_dir + Deel(static_cast<int>(piece), ";", "kbfoto1;kbfoto2;kbfoto3") + g.ext;
   // The whole path is searched for the extension, as it always was.
   if (LeadingNumber(g.fotos_per_pagina) > 1) {
@@ -109,29 +117,90 @@ bool ControleerSjablonen(const SiteGegevens& g, GenerationLog& log) {
   return ok;
 }
 
-// Deleting the old pages ("kb*") from an output directory that is the
-// template directory would delete the templates themselves; such a run is
-// refused. True when the two differ (or cannot be compared).
-bool ControleerUitvoerDir(const SiteGegevens& g, GenerationLog& log) {
-  FileInfo uitvoer;
+// A template set is named by a plain name: the set is a directory under the
+// template root, never a path that leaves it. True when the name is one.
+bool ControleerSjabloonNaam(const SiteGegevens& g, GenerationLog& log) {
+  if (g.sjabloon.empty() || IsPlainName(g.sjabloon)) return true;
+  log.SchrijfLog("Sjabloon '" + g.sjabloon + "' in script " + g.script_path +
+                 " is geen naam van een sjabloonset; er wordt niets geschreven.");
+  return false;
+}
+
+// The run writes only into the output directory the script names, and only
+// after it has checked it: given, a full path, there, locked for this run,
+// and not the template directory (deleting the old pages, "kb*", would
+// delete the templates themselves). `uitvoer` is the script's value as it
+// stands; `slot` the result of locking it. True when the run may write.
+bool ControleerUitvoerDir(const SiteGegevens& g, const std::string& uitvoer, const Status& slot,
+                          GenerationLog& log) {
+  const std::string niets = "; er wordt niets geschreven.";
+  if (uitvoer.empty()) {
+    log.SchrijfLog("Geen uitvoerdirectory (UitvoerDir) in script " + g.script_path + niets);
+    return false;
+  }
+  if (!StartsWith(uitvoer, "/")) {
+    log.SchrijfLog("Uitvoerdirectory '" + uitvoer + "' (UitvoerDir) in script " + g.script_path +
+                   " is geen volledig pad" + niets);
+    return false;
+  }
+  if (slot.number() == fout::kFileNotFound || slot.number() == fout::kPathNotFound) {
+    log.SchrijfLog("Uitvoerdirectory " + g.uitvoer_dir + " (UitvoerDir) bestaat niet" + niets);
+    return false;
+  }
+  if (!slot.ok()) {
+    log.SchrijfLog("Uitvoerdirectory " + g.uitvoer_dir + " kan niet worden vergrendeld (" +
+                   std::to_string(slot.number()) + " " + slot.description() + ")" + niets);
+    return false;
+  }
+  FileInfo uitvoer_info;
   FileInfo sjablonen;
-  if (!Fs().GetFileInfo(g.uitvoer_dir, uitvoer).ok() || !Fs().GetFileInfo(g.sjabloon_dir, sjablonen).ok()) {
+  if (!Fs().GetFileInfo(g.uitvoer_dir, uitvoer_info).ok() || !Fs().GetFileInfo(g.sjabloon_dir, sjablonen).ok()) {
     return true;
   }
-  if (uitvoer.inode == 0 || uitvoer.inode != sjablonen.inode || uitvoer.device != sjablonen.device) return true;
+  if (uitvoer_info.inode == 0 || uitvoer_info.inode != sjablonen.inode || uitvoer_info.device != sjablonen.device) {
+    return true;
+  }
   log.SchrijfLog("Uitvoerdirectory " + g.uitvoer_dir + " is de sjabloondirectory; kies een andere uitvoerdirectory.");
   return false;
 }
 
-// Earlier photo and overview pages ("kb*" + extension) go.
+// Temporary files that runs which died left in the output directory go,
+// without a word: they were never part of the site.
+void RuimTijdelijkeBestandenOp(const SiteGegevens& g) {
+  std::vector<std::string> names;
+  if (!Fs().ListFiles(g.uitvoer_dir, "*.kbtmp*", names).ok()) return;
+  for (const std::string& name : names) {
+    if (!IsLeftoverTemporaryName(name)) continue;
+    // One that cannot be deleted stays for the next run; it harms nothing.
+    static_cast<void>(Fs().DeleteFile(g.uitvoer_dir + name));
+  }
+}
+
+// True for the name of a page the run writes besides the title page:
+// "kbovz" or "kb" + a number of three or more digits, with the extension.
+// Names compare without regard to case, as the listing does ("KBOVZ.HTML"
+// from a Windows copy is the same page).
+bool IsOudePagina(const std::string& naam, const std::string& ext_zoals_gegeven) {
+  const std::string name = Lower(naam);
+  const std::string ext = Lower(ext_zoals_gegeven);
+  if (!name.ends_with(ext) || !name.starts_with("kb")) return false;
+  const std::string_view middle = std::string_view(name).substr(2, name.size() - 2 - ext.size());
+  if (middle == "ovz") return true;
+  return middle.size() >= 3 && std::all_of(middle.begin(), middle.end(), [](char c) { return c >= '0' && c <= '9'; });
+}
+
+// Earlier photo and overview pages go; other files whose names merely begin
+// with "kb" stay, since this run would not write them again.
 void VerwijderOudePaginas(const SiteGegevens& g, GenerationLog& log) {
   std::vector<std::string> old_pages;
   // An output directory that cannot be listed has no old pages.
-  if (!Fs().ListFiles(g.uitvoer_dir, "kb*" + g.ext, old_pages).ok() || old_pages.empty()) return;
+  if (!Fs().ListFiles(g.uitvoer_dir, "kb*" + g.ext, old_pages).ok()) return;
+  std::erase_if(old_pages, [&g](const std::string& name) { return !IsOudePagina(name, g.ext); });
+  if (old_pages.empty()) return;
   log.SchrijfLog("Verwijderen oude fotopagina's...");
   for (const std::string& name : old_pages) {
     const Status status = Fs().DeleteFile(g.uitvoer_dir + name);
-    if (!status.ok()) throw RunError(status);
+    if (!status.ok()) throw RunError(status, g.uitvoer_dir + name);
   }
   log.SchrijfLog("Oude fotopagina's verwijderd.");
 }
@@ -140,30 +209,60 @@ void Voer(const SiteSteps::Step& step, SiteRun& run) {
   if (step && run.failed == kGelukt) step(run);
 }
 
-std::int16_t RunSteps(const std::string& script_path, const SiteOmgeving& omgeving) {
+// The output directory the script names, as it stands.
+std::string UitvoerDirVan(const LineTable& script) {
+  return LeesWaarde(script, script_sleutel::kAlgemeen, script_sleutel::kUitvoerDir, "");
+}
+
+std::int16_t RunSteps(const std::string& script_path, const SiteOmgeving& omgeving, SiteResultaat& result) {
   std::int16_t failed = kGelukt;
   GenerationLog& log = omgeving.log;
+
+  // The script is read, and the output directory it names locked, before the
+  // log is opened: a run turned away because another one is at work there
+  // leaves everything alone, that run's log too. A script that is its own
+  // log is emptied by opening the log, so it reads as empty.
+  LineTable script(capaciteit::kScript);
+  const Status gelezen = LogPad(script_path) == script_path ? Status::Ok() : LeesRegels(script_path, script, false);
+  const std::string uitvoer = gelezen.ok() ? UitvoerDirVan(script) : "";
+  std::unique_ptr<DirectoryLock> slot;
+  Status vergrendeld = Status::Error(fout::kPathNotFound);
+  if (StartsWith(uitvoer, "/")) {
+    vergrendeld = Fs().LockDirectory(uitvoer, slot);
+    if (vergrendeld.number() == fout::kPermissionDenied) {
+      result.geweigerd = "Uitvoerdirectory " + WithTrailingSlash(uitvoer) +
+                         " is bezet: daarin loopt al een andere generatie. Probeer het later opnieuw.";
+      return kMislukt;
+    }
+  }
+
   log.SchrijfLog("open:" + LogPad(script_path));
   log.SchrijfLog("Aangemaakt met: " + ProgramCaption() + " (" + std::to_string(BuildRevision()) + ")");
   log.SchrijfLog("Inlezen script " + script_path + "...");
-
-  LineTable script(capaciteit::kScript);
-  if (!LeesRegels(script_path, script, false).ok()) {
+  if (!gelezen.ok()) {
     log.SchrijfLog("Fout bij inlezen script: " + script.CountSlot());
     failed = kMislukt;
   } else {
     log.SchrijfLog("Script " + script_path + " ingelezen.");
   }
 
-  SiteGegevens gegevens = LeesScriptWaarden(script);
+  SiteGegevens gegevens = LeesScriptWaarden(script, log);
   gegevens.script_path = script_path;
   log.SchrijfLog("Variabelen uit script ingelezen.");
   BouwSjabloonPaden(gegevens, omgeving.settings);
-  if (!ControleerSjablonen(gegevens, log)) failed = kMislukt;
-  if (!ControleerUitvoerDir(gegevens, log)) failed = kMislukt;
+  // A set name that leaves the template root is not even looked into.
+  if (!ControleerSjabloonNaam(gegevens, log)) {
+    failed = kMislukt;
+  } else if (!ControleerSjablonen(gegevens, log)) {
+    failed = kMislukt;
+  }
+  // A run that has failed already writes nothing, so its output directory
+  // needs no word more.
+  if (failed == kGelukt && !ControleerUitvoerDir(gegevens, uitvoer, vergrendeld, log)) failed = kMislukt;
 
   SiteRun run{omgeving.settings, gegevens, log, omgeving.melder, NavigatieTeksten{}, failed, omgeving.voortgang};
   if (run.failed == kGelukt) LeesNavigatieTeksten(gegevens.sjabloon_ini, run.navigatie, log);
+  if (run.failed == kGelukt) RuimTijdelijkeBestandenOp(gegevens);
   if (run.failed == kGelukt) VerwijderOudePaginas(gegevens, log);
 
   const SiteSteps& steps = omgeving.steps;
@@ -194,10 +293,15 @@ std::string LogPad(const std::string& script_path) {
 SiteResultaat MaakSite(const std::string& script_path, const SiteOmgeving& omgeving) {
   SiteResultaat result;
   try {
-    result.failed = RunSteps(script_path, omgeving);
+    result.failed = RunSteps(script_path, omgeving, result);
   } catch (...) {
     result.failed = kMislukt;
     result.onverwacht = StatusVanUitzondering();
+    result.onderwerp = OnderwerpVanUitzondering();
+    // A setting is named with the script it is in.
+    if (!result.onderwerp.empty() && result.onderwerp.find('/') == std::string::npos) {
+      result.onderwerp += " in script " + script_path;
+    }
   }
   return result;
 }

@@ -21,6 +21,14 @@ struct SiteResultaat {
   // a page that cannot be deleted, an unwritable log, a failing copier): the
   // log then has no end line.
   std::optional<Status> onverwacht;
+  // With `onverwacht`: what failed, a file or a setting and its script
+  // ("het kopiëren van A naar B", "PositieBijschriften in script S"); empty
+  // when unknown.
+  std::string onderwerp;
+  // Set when the run did not start because another run holds the output
+  // directory: the message for the user. Nothing was written then, not even
+  // the log.
+  std::string geweigerd;
 };
 
 // What a run is handed: the program settings, the log it writes (whose
@@ -40,7 +48,14 @@ struct SiteOmgeving {
 std::string LogPad(const std::string& script_path);
 
 // Runs the generation for the script at `script_path`, writing the log at
-// LogPad(script_path).
+// LogPad(script_path). The run writes and deletes only in the output
+// directory the script names, and only after checking it: an empty or
+// relative "UitvoerDir", a missing directory, a template set name that is
+// not a plain name, are logged and end the run "Abnormaal einde." before
+// anything is written. The directory stays locked for the run (one run per
+// output directory; see `geweigerd`), and temporary files of runs that died
+// there are removed first. A photo name that is not a plain name is logged
+// and left out.
 SiteResultaat MaakSite(const std::string& script_path, const SiteOmgeving& omgeving);
 
 }  // namespace kiekbord

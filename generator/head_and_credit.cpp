@@ -35,7 +35,7 @@ constexpr std::string_view kCreditSjabloon =
 bool HeeftTekst(std::string_view text) { return !TrimSpaces(text).empty(); }
 
 std::string MetaRegel(std::string_view name, std::string_view content) {
-  return "<meta name=\"" + std::string(name) + "\" content=\"" + std::string(content) + "\">" +
+  return "<meta name=\"" + std::string(name) + "\" content=\"" + AttribuutTekst(content) + "\">" +
          std::string(kCrLf);
 }
 

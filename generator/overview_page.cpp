@@ -32,15 +32,23 @@ OverzichtFoto OverzichtFotoVan(const SiteGegevens& g, int nummer) {
   OverzichtFoto foto;
   // Exact case: a name without ".jpg" ("IMG.JPG") is its own thumbnail name.
   foto.thumbnail = Vervang(nummer <= n ? g.foto_namen[index] : "", ".jpg", "_tn.jpg");
-  const std::string afmetingen = BepaalAfmetingen(g.uitvoer_dir + foto.thumbnail);
-  foto.breedte = std::to_string(BreedteVanAfmetingen(afmetingen));
-  foto.hoogte = std::to_string(HoogteVanAfmetingen(afmetingen));
-  if (nummer > n) return foto;
+  if (nummer > n) {
+    // Only the head of a gallery without photos asks for one beyond the
+    // last; it has always shown "0" there.
+    foto.breedte = foto.hoogte = "0";
+    return foto;
+  }
 
+  // A thumbnail whose size stays unknown (a missing one, say) gets no size
+  // rather than 0 x 0.
+  const auto afmeting = PaginaMaat(g.uitvoer_dir + foto.thumbnail);
+  foto.breedte = afmeting ? std::to_string(afmeting->breedte) : "";
+  foto.hoogte = afmeting ? std::to_string(afmeting->hoogte) : "";
+  const std::string maat =
+      afmeting ? " width=\"" + foto.breedte + "\" height=\"" + foto.hoogte + "\"" : "";
   const std::string bron = "<img src=\"" + BestandsLink(foto.thumbnail) + "\"";
   const std::string rand_en_alt = " border=\"0\"" + AltAttribuut(nummer, n) + ">";
-  foto.met_maat =
-      bron + " width=\"" + foto.breedte + "\" height=\"" + foto.hoogte + "\"" + rand_en_alt;
+  foto.met_maat = bron + maat + rand_en_alt;
   foto.zonder_maat = bron + rand_en_alt;
   const std::string doel =
       "kb" + DrieCijfers(OverzichtPaginaVan(nummer, g)) + g.ext + "#foto" + DrieCijfers(nummer);
@@ -88,7 +96,7 @@ void SchrijfBlokken(BlokPagina& pagina, const SiteGegevens& g, const SiteRun& ru
           foto = OverzichtFotoVan(g, c);
           voorbereid = c;
         }
-        VulVelden(regel, BlokVelden(foto, c, n));
+        VulVelden(regel, BlokVelden(foto, c, n), pagina.ScriptBijBegin(i));
       }
       const bool schuift = f != std::string::npos && regel != sjabloon_regel &&
                            sjabloon_regel.find("++", f) != std::string::npos;

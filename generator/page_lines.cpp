@@ -71,15 +71,15 @@ std::string PositieTekst(std::string_view positie_fotos) {
   return Deel(StukNummer(positie_fotos), ";", "left;center;right");
 }
 
-void VulPaginaVelden(std::string& line, const PaginaVelden& velden) {
+void VulPaginaVelden(std::string& line, const PaginaVelden& velden, bool in_script) {
   VervangVeld(line, "AANTALFOTOS", velden.aantal_fotos);
-  VervangVeld(line, "TITEL", velden.titel);
-  VervangVeld(line, "SUBTITEL", velden.subtitel);
+  VervangVeld(line, "TITEL", velden.titel, in_script);
+  VervangVeld(line, "SUBTITEL", velden.subtitel, in_script);
   if (velden.lege_subtitel_als_commentaar) {
     line = Vervang(line, "<h2></h2>", "<!-- Geen subtitel -->");
   }
-  VervangVeld(line, "DATUM", velden.datum);
-  if (velden.beschrijving) VervangVeld(line, "BESCHRIJVING", *velden.beschrijving);
+  VervangVeld(line, "DATUM", velden.datum, in_script);
+  if (velden.beschrijving) VervangVeld(line, "BESCHRIJVING", *velden.beschrijving, in_script);
   VulKleurVelden(line, velden.kleuren);
   for (const Veld& veld : velden.eigen_velden) VervangVeld(line, veld.naam, veld.waarde);
   VervangVeld(line, "POSITIEFOTOS", velden.positie_fotos);
@@ -101,7 +101,9 @@ void PaginaRegels::MetCreditRegel(std::string uitvoer_dir, std::string uitlijnin
 void PaginaRegels::VerwerkRegel(std::string& line) {
   // The tag is looked for before the head block goes in front of it.
   if (BegintMet(line, "</HEAD>")) ZetKopblokVoor(line, kop_eerste_, kop_tweede_, kop_);
-  if (line.find('[') != std::string::npos) VulPaginaVelden(line, velden_);
+  const bool in_script = in_script_;
+  in_script_ = ScriptOpenNa(line, in_script_);
+  if (line.find('[') != std::string::npos) VulPaginaVelden(line, velden_, in_script);
   if (credit_te_plaatsen_ && IsCreditPlek(line)) {
     ZetCreditRegelVoor(line, uitvoer_dir_, uitlijning_, kop_);
     credit_te_plaatsen_ = false;

@@ -86,9 +86,10 @@ int StukNummer(std::string_view index);
 // "left" below. Throws RunError(6) as StukNummer does.
 std::string PositieTekst(std::string_view positie_fotos);
 
-// Fills the fields of `velden` in `line`. Throws RunError(6) when the line
-// grows beyond 32767 characters.
-void VulPaginaVelden(std::string& line, const PaginaVelden& velden);
+// Fills the fields of `velden` in `line`, which begins inside a <script>
+// block when `in_script` is set. Throws RunError(6) when the line grows
+// beyond 32767 characters.
+void VulPaginaVelden(std::string& line, const PaginaVelden& velden, bool in_script = false);
 
 // The line treatment of one page, line by line in template order.
 class PaginaRegels {
@@ -116,6 +117,7 @@ class PaginaRegels {
   std::string kop_eerste_;
   std::string kop_tweede_;
   bool credit_te_plaatsen_ = false;
+  bool in_script_ = false;  // a <script> block is open after the last line
   std::string uitvoer_dir_;
   std::string uitlijning_;
 };

@@ -56,10 +56,13 @@ FotoTeksten FotoTekstenVan(const FotoRun& run, const FotoPlaats& plaats) {
   FotoTeksten foto;
   foto.naam = g.foto_namen[static_cast<std::size_t>(plaats.nummer - 1)];
   std::string maat;
-  if (Fs().FileExists(g.uitvoer_dir + foto.naam)) {
-    const std::string afmetingen = BepaalAfmetingen(g.uitvoer_dir + foto.naam);
-    foto.breedte = std::to_string(BreedteVanAfmetingen(afmetingen));
-    foto.hoogte = std::to_string(HoogteVanAfmetingen(afmetingen));
+  // A photo whose size stays unknown gets no size rather than 0 x 0, which
+  // would hide it.
+  const auto afmeting =
+      Fs().FileExists(g.uitvoer_dir + foto.naam) ? PaginaMaat(g.uitvoer_dir + foto.naam) : std::nullopt;
+  if (afmeting) {
+    foto.breedte = std::to_string(afmeting->breedte);
+    foto.hoogte = std::to_string(afmeting->hoogte);
     maat = " width=\"" + foto.breedte + "\" height=\"" + foto.hoogte + "\"";
   }
   const std::string nummer = DrieCijfers(plaats.nummer);
@@ -159,7 +162,7 @@ std::string BijschriftenLijst(const std::vector<std::string>& bijschriften) {
   std::string lijst;
   for (std::size_t i = 0; i < bijschriften.size(); ++i) {
     if (i > 0) lijst += "$$";
-    lijst += Vervang(bijschriften[i], "'", "\\'") + " ";
+    lijst += ScriptTekst(bijschriften[i]) + " ";
   }
   return lijst;
 }

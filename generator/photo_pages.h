@@ -20,7 +20,8 @@ namespace kiekbord {
 std::string FotoNamenLijst(const std::vector<std::string>& namen);
 
 // "FOTOBIJSCHRIFTENLIJST": per caption "$$" (from the second on), the
-// caption with every "'" written "\'", and one space.
+// caption as a script string (ScriptTekst: "Jan's" gives "Jan\'s"), and one
+// space.
 std::string BijschriftenLijst(const std::vector<std::string>& bijschriften);
 
 // Writes the photo pages, logging "Inlezen sjabloon ...", "Sjabloon ...

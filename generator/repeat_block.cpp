@@ -59,13 +59,19 @@ HerhaalBlok BereidBlokSjabloonVoor(LineTable& sjabloon, PaginaRegels& regels) {
   return blok;
 }
 
-void VulVelden(std::string& line, const std::vector<Veld>& velden) {
+void VulVelden(std::string& line, const std::vector<Veld>& velden, bool in_script) {
   if (line.find('[') == std::string::npos) return;
-  for (const Veld& veld : velden) VervangVeld(line, veld.naam, veld.waarde);
+  for (const Veld& veld : velden) VervangVeld(line, veld.naam, veld.waarde, in_script);
 }
 
 BlokPagina::BlokPagina(const LineTable& sjabloon, HerhaalBlok blok)
-    : sjabloon_(sjabloon), blok_(blok) {}
+    : sjabloon_(sjabloon), blok_(blok) {
+  bool in_script = false;
+  for (int i = 0; i <= sjabloon_.Count(); ++i) {
+    script_bij_begin_.push_back(in_script);
+    if (i > 0) in_script = ScriptOpenNa(sjabloon_.Line(i), in_script);
+  }
+}
 
 void BlokPagina::SchrijfKop(const std::vector<Veld>& velden) {
   SchrijfRegels(1, blok_.begin, velden);
@@ -92,7 +98,7 @@ void BlokPagina::Bewaar(const std::string& path) const {
 void BlokPagina::SchrijfRegels(int van, int tot, const std::vector<Veld>& velden) {
   for (int i = van; i <= tot; ++i) {
     std::string line = sjabloon_.Line(i);
-    VulVelden(line, velden);
+    VulVelden(line, velden, ScriptBijBegin(i));
     Voeg(line);
   }
 }

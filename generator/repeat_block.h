@@ -42,8 +42,9 @@ HerhaalMarkering HerhaalMarkeringVan(std::string_view line);
 HerhaalBlok BereidBlokSjabloonVoor(LineTable& sjabloon, PaginaRegels& regels);
 
 // Fills `velden` in order into `line` when it holds "["; a line without
-// "[" stays as it is. Throws RunError(6) as VervangVeld does.
-void VulVelden(std::string& line, const std::vector<Veld>& velden);
+// "[" stays as it is. `in_script`: the line begins inside a <script> block.
+// Throws RunError(6) as VervangVeld does.
+void VulVelden(std::string& line, const std::vector<Veld>& velden, bool in_script = false);
 
 // One page being assembled from a prepared template and its block.
 class BlokPagina {
@@ -61,6 +62,8 @@ class BlokPagina {
   int EersteBlokRegel() const { return blok_.begin + 1; }
   int LaatsteBlokRegel() const { return blok_.einde - 1; }
   const std::string& Regel(int i) const { return sjabloon_.Line(i); }
+  // Whether template line i begins inside a <script> block.
+  bool ScriptBijBegin(int i) const { return script_bij_begin_[static_cast<std::size_t>(i)]; }
   void Voeg(std::string_view line);
 
   // Writes the page to `path` in one step. Throws RunError with the file
@@ -72,6 +75,7 @@ class BlokPagina {
 
   const LineTable& sjabloon_;
   HerhaalBlok blok_;
+  std::vector<bool> script_bij_begin_;  // per template line, from entry 0
   std::string tekst_;
 };
 

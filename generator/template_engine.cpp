@@ -1,5 +1,6 @@
 #include "generator/template_engine.h"
 
+#include <algorithm>
 #include <array>
 #include <optional>
 #include <vector>
@@ -16,7 +17,9 @@ constexpr std::array<std::string_view, 4> kStructuralTags = {"<HEAD", "</HEAD", 
 // Stand-in for a value that itself contains "[": it holds no bracket, so the
 // marker scan cannot find a marker inside a filled value. Swapped for the
 // value when the line is done.
-constexpr std::string_view kValuePlaceholder = "\x01\x02KBWAARDE\x02\x01";
+// One for each place a field can stand in (VeldPlaats).
+constexpr std::array<std::string_view, 3> kValuePlaceholders = {
+    "\x01\x02KBWAARDE\x02\x01", "\x01\x02KBWAARDE2\x02\x01", "\x01\x02KBWAARDE3\x02\x01"};
 
 std::vector<std::string> SplitLines(const std::string& text) {
   std::vector<std::string> lines;
@@ -128,6 +131,59 @@ std::optional<Marker> NextBracket(const std::string& line, std::size_t start) {
   return Marker{open, close};
 }
 
+bool BeginsWithTag(std::string_view rest, std::string_view tag) {
+  if (rest.size() < tag.size() || Upper(rest.substr(0, tag.size())) != tag) return false;
+  if (rest.size() == tag.size()) return true;
+  const char next = rest[tag.size()];
+  return next == '>' || next == '/' || next == ' ' || next == '\t';
+}
+
+bool IsLetter(char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); }
+
+struct RegelScan {
+  VeldPlaats plaats = VeldPlaats::kTekst;
+  bool in_script = false;
+};
+
+// Follows tags, quoted attribute values and script blocks from the start of
+// `line` up to `pos`.
+RegelScan ScanRegel(std::string_view line, std::size_t pos, bool in_script) {
+  bool in_tag = false;
+  char quote = 0;
+  for (std::size_t i = 0; i < pos; ++i) {
+    const char c = line[i];
+    if (quote != 0) {
+      if (c == quote) quote = 0;
+    } else if (in_tag) {
+      if (c == '"' || c == '\'') quote = c;
+      if (c == '>') in_tag = false;
+    } else if (c == '<') {
+      const std::string_view rest = line.substr(i);
+      if (BeginsWithTag(rest, "</SCRIPT")) {
+        in_script = false;
+        in_tag = true;
+      } else if (!in_script && i + 1 < line.size() && (IsLetter(line[i + 1]) || line[i + 1] == '/')) {
+        in_tag = true;
+        if (BeginsWithTag(rest, "<SCRIPT")) in_script = true;
+      }
+    }
+  }
+  if (in_tag) return {VeldPlaats::kAttribuut, in_script};
+  return {in_script ? VeldPlaats::kScript : VeldPlaats::kTekst, in_script};
+}
+
+// A user text for its place: HTML-escaped (`html`, as the page text has it)
+// in the text, escaped for an attribute or a script string elsewhere.
+std::string VeldWaardeVoor(VeldPlaats plaats, const std::string& rauw, const std::string& html) {
+  switch (plaats) {
+    // The template may quote the attribute either way.
+    case VeldPlaats::kAttribuut: return Vervang(AttribuutTekst(TrimSpaces(rauw)), "'", "&#39;");
+    case VeldPlaats::kScript: return ScriptTekst(TrimSpaces(rauw));
+    case VeldPlaats::kTekst: break;
+  }
+  return html;
+}
+
 }  // namespace
 
 Status LeesSjabloonUitTekst(std::string_view bytes, LineTable& table) {
@@ -155,14 +211,24 @@ bool IsTekstVeld(std::string_view name) {
          std::string_view::npos;
 }
 
-void VervangVeld(std::string& line, std::string_view name, std::string_view value_in) {
+VeldPlaats PlaatsInRegel(std::string_view line, std::size_t pos, bool in_script) {
+  return ScanRegel(line, std::min(pos, line.size()), in_script).plaats;
+}
+
+bool ScriptOpenNa(std::string_view line, bool in_script) {
+  return ScanRegel(line, line.size(), in_script).in_script;
+}
+
+void VervangVeld(std::string& line, std::string_view name, std::string_view value_in, bool in_script) {
   CheckTextLength(line);
-  std::string value(value_in);
-  if (IsTekstVeld(name)) {
+  const bool tekst_veld = IsTekstVeld(name);
+  std::string rauw(value_in);
+  std::string value = rauw;
+  if (tekst_veld) {
     value = HtmlTekst(value);
     if (Upper(name) == "BESCHRIJVING") value = Vervang(value, "&lt;br&gt;", "<br>");
   }
-  bool placeholders_used = false;
+  std::array<bool, 3> placeholders_used{};
   std::size_t start = 0;
   while (const auto marker = NextBracket(line, start)) {
     const std::string text = line.substr(marker->open, marker->close - marker->open + 1);
@@ -182,20 +248,43 @@ void VervangVeld(std::string& line, std::string_view name, std::string_view valu
       if (IsNumber(value) && IsNumber(addend)) {
         const double sum = LeadingNumber(value) + LeadingNumber(addend);
         if (sum < -2147483648.0 || sum > 2147483647.0) throw RunError(fout::kOverflow);
-        value = NumberText(sum);
+        value = rauw = NumberText(sum);
       }
     }
     if (field != name) {
       start = marker->close;
       continue;
     }
-    const bool value_has_bracket = value.find('[') != std::string::npos;
-    placeholders_used |= value_has_bracket;
-    line = Vervang(line, text, value_has_bracket ? std::string_view(kValuePlaceholder) : value);
+    if (!tekst_veld) {
+      const bool value_has_bracket = value.find('[') != std::string::npos;
+      placeholders_used[0] |= value_has_bracket;
+      line = Vervang(line, text, value_has_bracket ? kValuePlaceholders[0] : std::string_view(value));
+    } else {
+      // Every copy of the marker is filled at once, each escaped for its own
+      // place: the same field may stand in the text, in an attribute and in
+      // a script. Right to left, so the places found stay where they are.
+      std::vector<std::size_t> posities;
+      for (auto pos = line.find(text); pos != std::string::npos; pos = line.find(text, pos + text.size())) {
+        posities.push_back(pos);
+      }
+      for (auto it = posities.rbegin(); it != posities.rend(); ++it) {
+        const auto plaats = PlaatsInRegel(line, *it, in_script);
+        const auto index = static_cast<std::size_t>(plaats);
+        const std::string ingevuld = VeldWaardeVoor(plaats, rauw, value);
+        const bool value_has_bracket = ingevuld.find('[') != std::string::npos;
+        placeholders_used[index] |= value_has_bracket;
+        line.replace(*it, text.size(), value_has_bracket ? kValuePlaceholders[index] : ingevuld);
+      }
+    }
     CheckTextLength(line);
     start = 0;
   }
-  if (placeholders_used) line = Vervang(line, kValuePlaceholder, value);
+  for (std::size_t i = 0; i < placeholders_used.size(); ++i) {
+    if (!placeholders_used[i]) continue;
+    const std::string ingevuld =
+        tekst_veld ? VeldWaardeVoor(static_cast<VeldPlaats>(i), rauw, value) : value;
+    line = Vervang(line, kValuePlaceholders[i], ingevuld);
+  }
 }
 
 }  // namespace kiekbord

@@ -21,15 +21,30 @@ Status LeesSjabloon(const std::string& path, LineTable& table);
 // The same on bytes already in memory.
 Status LeesSjabloonUitTekst(std::string_view bytes, LineTable& table);
 
-// True when `name` is a text field, whose values are HTML-escaped.
+// True when `name` is a text field, whose values are the user's own texts
+// and are escaped for where they stand.
 bool IsTekstVeld(std::string_view name);
 
+// Where a position in a page line stands: in the page text, inside a tag
+// (an attribute value) or in a <script> block.
+enum class VeldPlaats { kTekst, kAttribuut, kScript };
+
+// The place of byte `pos` of `line`; `in_script` says whether the line
+// begins inside a <script> block.
+VeldPlaats PlaatsInRegel(std::string_view line, std::size_t pos, bool in_script);
+
+// Whether a <script> block is open at the end of `line`.
+bool ScriptOpenNa(std::string_view line, bool in_script);
+
 // Fills every marker of field `name` (upper case) in `line` with `value`.
-// Values of text fields are escaped with HtmlTekst; a "<br>" in the
-// description survives. A marker with an addend ("FOTONUMMER+1") adds it to
+// Values of text fields are escaped for the marker's place: with HtmlTekst
+// in the page text (a "<br>" in the description survives), with
+// AttribuutTekst inside a tag and with ScriptTekst in a script block (the
+// line begins inside one when `in_script` is set). A marker with an addend ("FOTONUMMER+1") adds it to
 // a numeric value for the rest of the line. Inserted values are never
 // searched for markers again. Throws RunError(6) on a line longer than 32767
 // characters.
-void VervangVeld(std::string& line, std::string_view name, std::string_view value);
+void VervangVeld(std::string& line, std::string_view name, std::string_view value,
+                 bool in_script = false);
 
 }  // namespace kiekbord

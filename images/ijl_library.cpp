@@ -3,6 +3,7 @@
 #include <jconfig.h>
 
 #include "base/file_system.h"
+#include "images/photo_failures.h"
 #include "images/turbo_jpeg.h"
 
 namespace kiekbord {
@@ -43,7 +44,7 @@ Status LoadJPG(cDIBSection& buffer, const std::string& path) {
     buffer.ClearUp();
     return read;
   }
-  return LoadJPGUitBytes(buffer, jpeg);
+  return FotoFout(path, jpeg, LoadJPGUitBytes(buffer, jpeg));
 }
 
 Status SaveJPGNaarBytes(const cDIBSection& buffer, int quality, std::string& jpeg) {

@@ -100,7 +100,55 @@ std::int16_t SizeNumber(std::string_view text) {
   return static_cast<std::int16_t>(value);
 }
 
+// The frame header's size by a walk over all segments of `bytes`; `nodig`
+// is set to the number of bytes the walk needs when it runs past the end.
+std::optional<FotoMaat> VerdereFrame(std::string_view bytes, std::size_t& nodig) {
+  const auto at = [&bytes](std::size_t i) { return static_cast<unsigned>(static_cast<unsigned char>(bytes[i])); };
+  nodig = 0;
+  if (bytes.size() < 2 || at(0) != 0xFF || at(1) != 0xD8) return std::nullopt;
+  std::size_t pos = 2;
+  while (pos + 1 < bytes.size()) {
+    if (at(pos) != 0xFF || at(pos + 1) == 0xFF) {
+      ++pos;
+      continue;
+    }
+    const unsigned marker = at(pos + 1);
+    if (marker == 0xDA || marker == 0xD9) return std::nullopt;
+    if (marker == 0x01 || (marker >= 0xD0 && marker <= 0xD8)) {
+      pos += 2;
+      continue;
+    }
+    if (pos + 9 > bytes.size()) break;
+    if (IsFrameHeader(marker)) {
+      const unsigned hoogte = at(pos + 5) << 8 | at(pos + 6);
+      const unsigned breedte = at(pos + 7) << 8 | at(pos + 8);
+      // A height of 0 comes later in the image data: still unknown here.
+      if (hoogte > 0 && breedte > 0) return FotoMaat{static_cast<int>(breedte), static_cast<int>(hoogte)};
+    }
+    pos += 2 + (at(pos + 2) << 8 | at(pos + 3));
+  }
+  nodig = pos + 9;
+  return std::nullopt;
+}
+
 }  // namespace
+
+std::optional<FotoMaat> PaginaMaat(const std::string& path) {
+  const std::string afmetingen = BepaalAfmetingen(path);
+  const int breedte = BreedteVanAfmetingen(afmetingen);
+  const int hoogte = HoogteVanAfmetingen(afmetingen);
+  if (breedte > 0 && hoogte > 0) return FotoMaat{breedte, hoogte};
+  std::int64_t grens = 4 * kAfmetingenLeesGrens;
+  while (true) {
+    std::string bytes;
+    if (!Fs().ReadFile(path, bytes, grens).ok()) return std::nullopt;
+    std::size_t nodig = 0;
+    const auto maat = VerdereFrame(bytes, nodig);
+    const bool heel_bestand = static_cast<std::int64_t>(bytes.size()) < grens;
+    if (maat || nodig == 0 || heel_bestand || grens >= kPaginaMaatLeesGrens) return maat;
+    grens = std::min(std::max(grens * 4, static_cast<std::int64_t>(nodig) + 4096), kPaginaMaatLeesGrens);
+  }
+}
 
 std::string AfmetingenUitBytes(std::string_view begin) {
   const ScanBuffer buffer(begin);

@@ -5,6 +5,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -29,5 +30,22 @@ std::int16_t BreedteVanAfmetingen(std::string_view afmetingen);
 // The height in a size text: the number after the first "x", a trailing "!"
 // left out; 0 when nothing follows the "x" ("Error" gives 0 too).
 std::int16_t HoogteVanAfmetingen(std::string_view afmetingen);
+
+// How far PaginaMaat reads into a file for a frame header that lies behind
+// large segments (colour profiles, camera and thermal data).
+inline constexpr std::int64_t kPaginaMaatLeesGrens = 64 * 1024 * 1024;
+
+struct FotoMaat {
+  int breedte = 0;
+  int hoogte = 0;
+};
+
+// A photo's size for the width and height attributes of a page: the size
+// of its size text when that has one; otherwise the frame header that a
+// walk over the file's segments finds further on (reading at most
+// kPaginaMaatLeesGrens bytes, a side of one pixel accepted). Nothing when
+// the size stays unknown (no frame header, not a JPEG, no file): the page
+// then gives the image no size.
+std::optional<FotoMaat> PaginaMaat(const std::string& path);
 
 }  // namespace kiekbord

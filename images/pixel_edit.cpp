@@ -8,6 +8,7 @@
 #include "base/failure_report.h"
 #include "images/ijl_library.h"
 #include "images/photo_backup.h"
+#include "images/photo_failures.h"
 
 namespace kiekbord {
 namespace {
@@ -84,7 +85,8 @@ Status VoltooiIjlThumbnail(const ThumbnailWerk& werk, const std::string& thumb_p
 Status IJLMaakThumb(const std::string& foto_pad, const std::string& thumb_pad, GenerationLog& log, FoutMelder& melder) {
   std::string jpeg;
   const Status gelezen = Fs().ReadFile(foto_pad, jpeg);
-  const ThumbnailWerk werk = gelezen.ok() ? MaakIjlThumbnail(jpeg, thumb_pad) : ThumbnailWerk{"", gelezen, ""};
+  ThumbnailWerk werk = gelezen.ok() ? MaakIjlThumbnail(jpeg, thumb_pad) : ThumbnailWerk{"", gelezen, ""};
+  if (gelezen.ok()) werk.fout = FotoFout(foto_pad, jpeg, werk.fout);
   return VoltooiIjlThumbnail(werk, thumb_pad, log, melder);
 }
 

@@ -13,6 +13,7 @@
 #include "base/text_helpers.h"
 #include "base/failure_report.h"
 #include "images/photo_backup.h"
+#include "images/photo_failures.h"
 #include "images/pixel_edit.h"
 #include "images/turbo_jpeg.h"
 
@@ -211,9 +212,21 @@ Status LaadFoto(const std::string& foto_pad, std::string& jpeg, VipsBeeld& beeld
   Status status = StartVips();
   if (status.ok()) status = Fs().ReadFile(foto_pad, jpeg);
   if (status.ok()) status = ToetsGeclaimdeMaat(jpeg);
-  if (status.ok()) status = LaadJpeg(jpeg, 1, beeld);
+  if (status.ok()) status = FotoFout(foto_pad, jpeg, LaadJpeg(jpeg, 1, beeld));
   if (!status.ok()) return status;
   return ToetsBeeldMaat(vips_image_get_width(beeld.get()), vips_image_get_height(beeld.get()));
+}
+
+// A CMYK photo (a rotation keeps its colours as they were) becomes sRGB, so
+// that every edited photo is an ordinary RGB JPEG.
+Status NaarSrgb(VipsBeeld& beeld) {
+  if (vips_image_get_interpretation(beeld.get()) != VIPS_INTERPRETATION_CMYK) return Status::Ok();
+  VipsImage* raw = nullptr;
+  if (vips_colourspace(beeld.get(), &raw, VIPS_INTERPRETATION_sRGB, nullptr) != 0) {
+    return Fout("Cannot convert colours: " + VipsMelding());
+  }
+  beeld.reset(raw);
+  return Status::Ok();
 }
 
 // Writes the edited photo to its temporary file and renames that over the
@@ -242,6 +255,7 @@ Status Bewerk(const std::string& foto_pad, bool maak_backup, const Bewerking& be
   if (!status.ok()) return status;
   VipsBeeld nieuw;
   status = bewerking(jpeg, beeld.get(), nieuw);
+  if (status.ok()) status = NaarSrgb(nieuw);
   if (!status.ok()) return status;
   std::string uit;
   status = Encode(nieuw.get(), kwaliteit, uit);
@@ -297,7 +311,8 @@ Status VoltooiGdiThumbnail(const ThumbnailWerk& werk, const std::string& thumb_p
 Status GDIMaakThumb(const std::string& foto_pad, const std::string& thumb_pad, GenerationLog& log, FoutMelder& melder) {
   std::string jpeg;
   const Status gelezen = Fs().ReadFile(foto_pad, jpeg);
-  const ThumbnailWerk werk = gelezen.ok() ? MaakGdiThumbnail(jpeg, thumb_pad) : ThumbnailWerk{"", gelezen, ""};
+  ThumbnailWerk werk = gelezen.ok() ? MaakGdiThumbnail(jpeg, thumb_pad) : ThumbnailWerk{"", gelezen, ""};
+  if (gelezen.ok()) werk.fout = FotoFout(foto_pad, jpeg, werk.fout);
   return VoltooiGdiThumbnail(werk, thumb_pad, log, melder);
 }
 

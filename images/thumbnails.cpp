@@ -21,6 +21,7 @@
 #include "base/generation_log.h"
 #include "base/text_helpers.h"
 #include "images/library_choice.h"
+#include "images/photo_failures.h"
 #include "images/pixel_edit.h"
 #include "images/smooth_library.h"
 #include "images/turbo_jpeg.h"
@@ -126,7 +127,10 @@ class FotoWerk {
     if (Fs().GetFileInfo(foto_, info).ok() && info.size > 0) jpeg.reserve(static_cast<std::size_t>(info.size));
     const Status gelezen = Fs().ReadFile(foto_, jpeg);
     if (!gelezen.ok()) return ThumbnailWerk{"", gelezen, ""};
-    return library_ == ImageLibrary::kGdiPlus ? MaakGdiThumbnail(jpeg, thumb_) : MaakIjlThumbnail(jpeg, thumb_);
+    ThumbnailWerk werk =
+        library_ == ImageLibrary::kGdiPlus ? MaakGdiThumbnail(jpeg, thumb_) : MaakIjlThumbnail(jpeg, thumb_);
+    werk.fout = FotoFout(foto_, jpeg, werk.fout);
+    return werk;
   }
 
   const ImageLibrary library_;

@@ -2,7 +2,10 @@
 
 #include <turbojpeg.h>
 
+#include <cstddef>
 #include <memory>
+#include <new>
+#include <vector>
 
 namespace kiekbord {
 namespace {
@@ -88,6 +91,67 @@ int PixelFormat(const PixelVlak& vlak) {
   return vlak.volgorde == PixelVolgorde::kBgr ? TJPF_BGR : TJPF_RGB;
 }
 
+// Whether the file has Adobe's APP14 segment before its image data. Adobe's
+// programs store CMYK and YCCK inverted (0 is full ink), and every common
+// reader takes a file with that segment so.
+bool HeeftAdobeSegment(std::string_view jpeg) {
+  std::size_t pos = 2;
+  while (pos + 8 < jpeg.size()) {
+    if (Byte(jpeg, pos) != 0xFF || Byte(jpeg, pos + 1) == 0xFF) {
+      ++pos;
+      continue;
+    }
+    const unsigned marker = Byte(jpeg, pos + 1);
+    if (marker == 0xDA || marker == 0xD9) return false;
+    if (IsStandalone(marker)) {
+      pos += 2;
+      continue;
+    }
+    if (marker == 0xEE && jpeg.substr(pos + 4, 5) == "Adobe") return true;
+    pos += 2 + (Byte(jpeg, pos + 2) << 8 | Byte(jpeg, pos + 3));
+  }
+  return false;
+}
+
+// A CMYK or YCCK JPEG: decoded to CMYK, then each pixel turned into RGB by
+// taking away the ink (no colour profile; the black ink darkens all three).
+Status DecodeerCmyk(void* handle, std::string_view jpeg, const PixelVlak& doel) {
+  std::vector<std::uint8_t> cmyk;
+  try {
+    cmyk.resize(static_cast<std::size_t>(doel.breedte) * doel.hoogte * 4);
+  } catch (const std::bad_alloc&) {
+    return Status::Error(fout::kOutOfMemory);
+  }
+  if (tjDecompress2(handle, Bytes(jpeg), jpeg.size(), cmyk.data(), doel.breedte, doel.breedte * 4,
+                    doel.hoogte, TJPF_CMYK, TJFLAG_LIMITSCANS) != 0 &&
+      tjGetErrorCode(handle) != TJERR_WARNING) {
+    return TjFout(handle);
+  }
+  const bool omgekeerd = HeeftAdobeSegment(jpeg);
+  const auto licht = [omgekeerd](unsigned inkt, unsigned zwart) {
+    if (!omgekeerd) {
+      inkt = 255 - inkt;
+      zwart = 255 - zwart;
+    }
+    return static_cast<std::uint8_t>((inkt * zwart + 127) / 255);
+  };
+  const bool bgr = doel.volgorde == PixelVolgorde::kBgr;
+  for (int y = 0; y < doel.hoogte; ++y) {
+    const std::uint8_t* bron = cmyk.data() + static_cast<std::size_t>(y) * doel.breedte * 4;
+    const int rij = doel.onderste_rij_eerst ? doel.hoogte - 1 - y : y;
+    std::uint8_t* uit = doel.pixels + static_cast<std::ptrdiff_t>(rij) * doel.pitch;
+    for (int x = 0; x < doel.breedte; ++x, bron += 4, uit += 3) {
+      const std::uint8_t r = licht(bron[0], bron[3]);
+      const std::uint8_t g = licht(bron[1], bron[3]);
+      const std::uint8_t b = licht(bron[2], bron[3]);
+      uit[0] = bgr ? b : r;
+      uit[1] = g;
+      uit[2] = bgr ? r : b;
+    }
+  }
+  return Status::Ok();
+}
+
 }  // namespace
 
 Status ToetsBeeldMaat(int breedte, int hoogte) {
@@ -144,6 +208,12 @@ Schaal KiesSchaal(int breedte, int hoogte, int min_breedte, int min_hoogte) {
 Status DecodeerJpeg(std::string_view jpeg, const PixelVlak& doel) {
   const TjHandle handle(tjInitDecompress());
   if (!handle) return TjFout(nullptr);
+  int width = 0, height = 0, subsampling = 0, colorspace = 0;
+  if (tjDecompressHeader3(handle.get(), Bytes(jpeg), jpeg.size(), &width, &height, &subsampling,
+                          &colorspace) == 0 &&
+      (colorspace == TJCS_CMYK || colorspace == TJCS_YCCK)) {
+    return DecodeerCmyk(handle.get(), jpeg, doel);
+  }
   // Progressive files with absurd numbers of scans are refused rather than
   // decoded for minutes.
   int flags = TJFLAG_LIMITSCANS;

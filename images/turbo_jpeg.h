@@ -15,8 +15,9 @@ namespace kiekbord {
 // Larger images are refused before any pixel memory is taken. The largest
 // camera sensors give some 150 million pixels (and a few pixel-shift modes
 // up to 200 million), which still pass; a whole decode of the largest image
-// allowed takes 600 MB at three bytes a pixel, and a damaged or hostile
-// header that claims more (65,535 x 65,535 would be 12 GB) is refused with a
+// allowed takes some 600 MB at three bytes a pixel, and up to 1.75 GB when
+// a progressive file keeps its coefficients (docs/robustness.md has the
+// measurements); a damaged or hostile header that claims more (65,535 x 65,535 would be 12 GB) is refused with a
 // clear error instead of failing somewhere deep in a decoder.
 inline constexpr std::int64_t kMaxBeeldpunten = 200'000'000;
 
@@ -78,7 +79,9 @@ struct PixelVlak {
 // Decodes `jpeg` into `doel`, whose size must be the image's size scaled by
 // one of the decoder's factors. Damage that the decoder can work around
 // (a truncated file, stray bytes) is tolerated as long as an image comes
-// out. On failure returns error 26002 with libjpeg-turbo's message.
+// out. A CMYK or YCCK image comes out as RGB (inverted CMYK when the file
+// has Adobe's segment, as Adobe's programs write it). On failure returns
+// error 26002 with libjpeg-turbo's message.
 Status DecodeerJpeg(std::string_view jpeg, const PixelVlak& doel);
 
 // Encodes `bron` as a baseline JPEG at `kwaliteit` (0..100) with 4:2:0

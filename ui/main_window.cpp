@@ -297,6 +297,8 @@ void MainWindow::Voltooien() {
   const SiteResultaat resultaat = MaakSiteMetVoortgang(this, script_pad_, d_.settings, d_.voortgang_geopend);
   bezig_ = false;
 
+  // Another run held the output directory: nothing was written, not even a log.
+  if (!resultaat.geweigerd.empty()) return d_.meldingen->Toon(this, {MeldingSoort::kWaarschuwing, resultaat.geweigerd});
   const Afronding afronding =
       AfrondingNaRun(resultaat.failed == kGelukt, d_.settings, algemeen_->UitvoerDir(), script_pad_);
   if (!afronding.is_vraag) {

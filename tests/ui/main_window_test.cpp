@@ -3,6 +3,7 @@
 // reach its rule, with the messages answered through the test doubles, and
 // what the window shows is compared whole with golden files (tests/data/ui).
 
+#include "base/file_system.h"
 #include "app/startup_checks.h"
 #include "editor/colour_choice.h"
 #include "editor/photo_import.h"
@@ -244,6 +245,13 @@ class MainWindowTest : public QObject {
     const std::string log = ReadBytes(o.basis + "zomer.log");
     QCOMPARE(getoond, "Kiekbord - Kiekbord aanmaken modaal 3/3\n" + QString::fromStdString(log).replace(QStringLiteral("\r\n"), QStringLiteral("\n")));
     QVERIFY(log.find("Normaal einde.") != std::string::npos && QFile::exists(QString::fromStdString(site + "haven_tn.jpg")));
+    // While another run holds the output directory the finish only says so.
+    std::unique_ptr<DirectoryLock> slot;
+    QVERIFY(LocalFileSystem().LockDirectory(site, slot).ok());
+    o.meldingen.getoond.clear();
+    o.Klik("cmdVoltooien");
+    QCOMPARE(o.meldingen.getoond.back().tekst, "Uitvoerdirectory " + site + " is bezet: daarin loopt al een andere generatie. Probeer het later opnieuw.");
+    QCOMPARE(ReadBytes(o.basis + "zomer.log"), log);
     QVERIFY(o.Sluit());
   }
 };

@@ -62,7 +62,7 @@ class PhotoEditDialogsTest : public QObject {
     WriteBytes(foto, "\xFF\xD8 geen foto");  // a failure as the library reports it
     o.meldingen.antwoorden = {true};
     o.Actie("mnuBewerkenFotoRoterenLinks")->trigger();
-    QCOMPARE(o.meldingen.getoond.back().tekst, std::string("Fout 26002 tijdens roteren foto.(Failed to read JPG)"));
+    QCOMPARE(o.meldingen.getoond.back().tekst, "Fout 26002 tijdens roteren foto.(De foto " + foto + " is onvolledig: het bestand houdt op voor de beeldgegevens.)");
     QVERIFY(o.Sluit());
   }
 
