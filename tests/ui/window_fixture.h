@@ -1,12 +1,11 @@
-// The main window with test doubles for its services, as the window tests
-// drive it: message boxes answered from a list, common dialogs that return
-// what the test chose, a desktop that records what would be opened, and a
-// settings store in memory. And the golden description of a window.
+// The main window with one recording double for its services, as the window
+// tests drive it, and the golden description of a window.
 #pragma once
 
 #include <QTest>
 #include <QtWidgets>
 
+#include <array>
 #include <chrono>
 #include <deque>
 #include <functional>
@@ -26,67 +25,75 @@
 
 namespace kiekbord::test {
 
-// The next answer from `rij`; an empty list answers "Nee" or "Annuleren".
-template <typename T>
-T Volgende(std::deque<T>& rij) {
-  T waarde{};
-  if (!rij.empty()) waarde = std::move(rij.front()), rij.pop_front();
-  return waarde;
-}
+// One double for all the window's services. Each call becomes a line of the
+// transcript (`verslag`, its own unless a test points it elsewhere), and
+// each question or dialog takes the next answer of `antwoorden`: a question
+// "ja", a dialog its path or colour, several photos separated by "|", a
+// program start "mislukt". An empty list answers "Nee" or "Annuleren".
+struct Opname : Meldingen, Dialogen, Bureaublad, VoorkeurenOpslag {
+  std::deque<std::string> antwoorden;
+  QStringList regels;
+  Opname* verslag = this;
+  std::map<std::string, std::string> waarden;  // "Sectie/Sleutel" -> value
 
-struct TestMeldingen : Meldingen {
-  void Toon(QWidget*, const Melding& melding) override { getoond.push_back(melding); }
-  bool Vraag(QWidget* ouder, const Melding& melding) override { return Toon(ouder, melding), Volgende(antwoorden); }
-  std::deque<bool> antwoorden;
-  std::vector<Melding> getoond;
-};
+  void Zie(QString regel) {
+    regel.replace(QLatin1String("\r\n"), QLatin1String("\\n")).replace(QLatin1Char('\n'), QLatin1String("\\n"));
+    verslag->regels << regel;
+  }
+  void Zie(const std::string& regel) { Zie(QString::fromStdString(regel)); }
+  std::string Antwoord(const std::string& regel) {
+    Zie(regel);
+    std::string antwoord;
+    if (!antwoorden.empty()) antwoord = antwoorden.front(), antwoorden.pop_front();
+    return antwoord;
+  }
+  static std::string Soort(const Melding& m) { return std::array{"informatie", "vraag", "waarschuwing", "fout"}[static_cast<int>(m.soort)]; }
 
-// Each dialog records where it started (a colour dialog: its colour) and
-// returns the next answer of its list.
-struct TestDialogen : Dialogen {
-  template <typename T>
-  T Open(const std::string& map, std::deque<T>& antwoorden) {
-    return geopend_in.push_back(map), Volgende(antwoorden);
+  void Toon(QWidget*, const Melding& m) override { Zie("toon (" + Soort(m) + ") " + m.tekst); }
+  bool Vraag(QWidget*, const Melding& m) override { return Antwoord("vraag (" + Soort(m) + ") " + m.tekst) == "ja"; }
+  std::string ScriptOpenen(QWidget*, const std::string& map) override { return Antwoord("script openen in " + map); }
+  std::string ScriptOpslaanAls(QWidget*, const std::string& map, const std::string& naam) override { return Antwoord("script opslaan als " + map + naam); }
+  std::string MapKiezen(QWidget*, const std::string& titel, const std::string& map) override { return Antwoord("map kiezen: " + titel + ": " + map); }
+  std::vector<std::string> FotosKiezen(QWidget*, const std::string& map) override {
+    std::vector<std::string> fotos;
+    for (const QString& f : QString::fromStdString(Antwoord("foto's kiezen in " + map)).split('|', Qt::SkipEmptyParts)) {
+      fotos.push_back(f.toStdString());
+    }
+    return fotos;
   }
-  std::string ScriptOpenen(QWidget*, const std::string& map) override { return Open(map, te_openen); }
-  std::string ScriptOpslaanAls(QWidget*, const std::string& map, const std::string& naam) override {
-    return Open(map + naam, op_te_slaan);
-  }
-  std::string MapKiezen(QWidget*, const std::string& titel, const std::string& map) override {
-    return Open(titel + ": " + map, mappen);
-  }
-  std::vector<std::string> FotosKiezen(QWidget*, const std::string& map) override { return Open(map, fotos); }
   std::optional<QColor> KleurKiezen(QWidget*, const std::string&, const QColor& huidig) override {
-    return Open(huidig.name().toStdString(), kleuren);
+    const std::string kleur = Antwoord("kleur kiezen vanaf " + huidig.name().toStdString());
+    return kleur.empty() ? std::nullopt : std::optional(QColor(QString::fromStdString(kleur)));
   }
-  std::string FotoprogrammaKiezen(QWidget*, const std::string& huidig) override { return Open(huidig, programmas); }
-  std::deque<std::string> te_openen, op_te_slaan, mappen, programmas;
-  std::deque<std::vector<std::string>> fotos;
-  std::deque<std::optional<QColor>> kleuren;
-  std::vector<std::string> geopend_in;
-};
-
-struct TestBureaublad : Bureaublad {
-  void OpenAddress(QWidget*, const std::string& adres, bool) override { adressen.push_back(adres); }
-  void OpenLog(QWidget*, const std::string& pad) override { adressen.push_back(pad); }
+  std::string FotoprogrammaKiezen(QWidget*, const std::string& huidig) override { return Antwoord("fotoprogramma kiezen bij '" + huidig + "'"); }
+  void OpenAddress(QWidget*, const std::string& adres, bool) override { Zie("open " + adres); }
+  void OpenLog(QWidget*, const std::string& pad) override { Zie("open log " + pad); }
   std::string FindBrowser(const std::string&) override { return "/usr/bin/firefox"; }
   bool StartProgramma(const std::string& programma, const std::vector<std::string>& argumenten) override {
-    return gestart.push_back(programma), gestart.insert(gestart.end(), argumenten.begin(), argumenten.end()), start_lukt;
+    std::string regel = "start " + programma;
+    for (const std::string& a : argumenten) regel += " " + a;
+    return Antwoord(regel) != "mislukt";
   }
-  std::vector<std::string> adressen, gestart;  // each program started, then its arguments
-  bool start_lukt = true;
-};
-
-struct TestOpslag : VoorkeurenOpslag {
   std::optional<std::string> Lees(std::string_view sectie, std::string_view sleutel) const override {
     const auto it = waarden.find(std::string(sectie) + "/" + std::string(sleutel));
     return it == waarden.end() ? std::nullopt : std::optional(it->second);
   }
   void Schrijf(std::string_view sectie, std::string_view sleutel, std::string_view waarde) override {
-    waarden[std::string(sectie) + "/" + std::string(sleutel)] = std::string(waarde);
+    const std::string naam = std::string(sectie) + "/" + std::string(sleutel);
+    Zie("opslaan " + naam + "=" + std::string(waarde));
+    waarden[naam] = std::string(waarde);
   }
-  std::map<std::string, std::string> waarden;  // "Sectie/Sleutel" -> value
 };
+
+// Success when `tekst` is that of tests/data/ui/<golden>.txt, where @BASIS@
+// stands for `basis`, @basis@ for it in lower case and @DATA@ for the
+// program's data folder.
+inline void VergelijkTekst(const QStringList& tekst, const std::string& golden, const std::string& basis) {
+  WriteBytes(basis + golden, tekst.join(QLatin1Char('\n')).toStdString() + "\n");
+  const auto gelijk = GelijkAanGolden(TestDataDir() + "ui/" + golden + ".txt", basis + golden,
+                                      {{"@BASIS@", basis}, {"@basis@", Lower(basis)}, {"@DATA@", KIEKBORD_PROGRAM_DATA_DIR}});
+  QVERIFY2(gelijk, gelijk.message());
+}
 
 inline QStringList Items(const QListWidget* lijst) {
   QStringList items;
@@ -112,8 +119,7 @@ inline QStringList DubbeleToetsen(QWidget* venster) {
 // with the chosen one in brackets, "[x]" for a checked box, a colour
 // sample's colours, and "(uit)", "(verborgen)" and "(tip: ...)"; then the
 // Tab order of the visible controls and any access key used twice. Compared
-// whole with tests/data/ui/<golden>.txt, where @BASIS@ stands for `basis`
-// and @basis@ for it in lower case.
+// whole with tests/data/ui/<golden>.txt.
 inline void VergelijkMetGolden(QWidget* venster, const std::string& golden, const std::string& basis) {
   QStringList regels{QStringLiteral("(titel): ") + venster->windowTitle(), "(toetsen dubbel): " + DubbeleToetsen(venster).join(' ')};
   QString tab = QStringLiteral("(tab):");
@@ -149,10 +155,7 @@ inline void VergelijkMetGolden(QWidget* venster, const std::string& golden, cons
     regels << naam + ": " + tekst.replace(QLatin1Char('\n'), QLatin1String("\\n"));
   }
   regels.sort();
-  WriteBytes(basis + golden, regels.join(QLatin1Char('\n')).toStdString() + "\n");
-  const auto gelijk = GelijkAanGolden(TestDataDir() + "ui/" + golden + ".txt", basis + golden,
-                                      {{"@BASIS@", basis}, {"@basis@", Lower(basis)}});
-  QVERIFY2(gelijk, gelijk.message());
+  VergelijkTekst(regels, golden, basis);
 }
 
 // Runs `stappen` on the modal dialog that `actie` opens, then closes it
@@ -167,20 +170,16 @@ inline void InDialoog(QAction* actie, const std::function<void(QDialog*)>& stapp
   actie->trigger();
 }
 
-struct Opstelling {
-  TestMeldingen meldingen;
-  TestDialogen dialogen;
-  TestBureaublad bureaublad;
-  TestOpslag opslag;
+struct Opstelling : Opname {
   QTemporaryDir tmp;
   const std::string basis = tmp.path().toStdString() + "/";
   ProgramSettings settings = LeesProgrammaInstellingen(std::string(KIEKBORD_PROGRAM_DATA_DIR) + "/", basis);
-  VensterDiensten diensten{{}, &meldingen, &dialogen, &bureaublad, &opslag, "Unknown (3.6.1)", "", [] { return true; }, {},
+  VensterDiensten diensten{{}, this, this, this, this, "Unknown (3.6.1)", "", [] { return true; }, {},
                            [] { return std::chrono::year_month_day{std::chrono::year{2026}, std::chrono::month{11}, std::chrono::day{21}}; }, {}};
   std::unique_ptr<MainWindow> venster;
 
   // Closing asks nothing unless a test turns the question on.
-  Opstelling() { opslag.Schrijf("Exit", "Question", "0"); }
+  Opstelling() { waarden["Exit/Question"] = "0"; }
 
   MainWindow& Start() {
     diensten.settings = settings;
@@ -231,6 +230,10 @@ struct Opstelling {
     Klik("cmdVolgende");
   }
   bool Sluit() { return venster->close(); }  // true when it closed
+  // The transcript compared whole with tests/data/ui/<golden>.txt.
+  void VergelijkVerslag(const std::string& golden) {
+    VergelijkTekst(regels, golden, basis);
+  }
 };
 
 }  // namespace kiekbord::test
