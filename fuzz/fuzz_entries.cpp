@@ -87,9 +87,8 @@ std::string FuzzKeyedTextFile(std::string_view input) {
   LineTable table(capaciteit::kScript);
   LeesRegelsUitTekst(Piece(input, 0), table, keep_empty);
   if (std::string problem = CheckLines(table, true, keep_empty); !problem.empty()) return problem;
-  const std::string section = DecodeText(Piece(input, 1));
-  const std::string key = DecodeText(Piece(input, 2));
-  const std::string value = DecodeText(Piece(input, 3));
+  const std::string section = DecodeText(Piece(input, 1)), key = DecodeText(Piece(input, 2)),
+                    value = DecodeText(Piece(input, 3));
   const std::string before = Lines(table);
   const Status status = SchrijfWaarde(table, section, key, value);
   if (!status.ok()) return Lines(table) == before ? "" : "a failed SchrijfWaarde changed the table";
@@ -107,8 +106,7 @@ std::string FuzzTemplateFields(std::string_view input) {
   const Status status = LeesSjabloonUitTekst(Piece(input, 0), table);
   if (!status.ok()) return status.number() == fout::kOverflow ? "" : "LeesSjabloon: " + status.description();
   if (std::string problem = CheckLines(table, false); !problem.empty()) return problem;
-  const std::string name = DecodeText(Piece(input, 1));
-  const std::string value = DecodeText(Piece(input, 2));
+  const std::string name = DecodeText(Piece(input, 1)), value = DecodeText(Piece(input, 2));
   try {
     if (value.find('\\') == std::string::npos && HtmlTekst(value).find_first_of("<>\"") != std::string::npos) {
       return "HtmlTekst left a character unescaped";
@@ -162,11 +160,8 @@ std::string FuzzRepeatMarkers(std::string_view input) {
 std::string FuzzScriptReader(std::string_view input) {
   FuzzFiles files;
   const ScopedFileSystem scoped(files);
-  LeesOmgeving omgeving;
-  omgeving.standaard_dir = "/home/fuzz/";
-  omgeving.sjablonen = {"Klassiek", "Raster", "Donker"};
-  omgeving.sjablonen_dir = "/fuzz/Sjabloon/";
-  omgeving.huidig_sjabloon = "Klassiek";
+  const LeesOmgeving omgeving{.standaard_dir = "/home/fuzz/", .sjablonen = {"Klassiek", "Raster", "Donker"},
+                              .sjablonen_dir = "/fuzz/Sjabloon/", .huidig_sjabloon = "Klassiek"};
   MappenZonderVenster mappen;
   LineTable table(capaciteit::kScript);
   LeesRegelsUitTekst(input, table, false);
@@ -192,16 +187,11 @@ std::string FuzzScriptReader(std::string_view input) {
 // Input: the start of a photo file. The size text reads back.
 std::string FuzzPhotoSize(std::string_view input) {
   const std::string text = AfmetingenUitBytes(input.substr(0, static_cast<std::size_t>(kAfmetingenLeesGrens)));
-  const int width = BreedteVanAfmetingen(text);
-  const int height = HoogteVanAfmetingen(text);
+  const int width = BreedteVanAfmetingen(text), height = HoogteVanAfmetingen(text);
   if (text == "Error") return width == 0 && height == 0 ? "" : "\"Error\" gives a size";
   const std::string plain = std::to_string(width) + "x" + std::to_string(height);
   return width >= 2 && height >= 2 && (text == plain || text == plain + "!") ? "" : "size text \"" + text + "\"";
 }
-
-// Input: a photo file.
-std::string FuzzSmoothThumbnail(std::string_view input) { return CheckThumbnail(input, MaakGdiThumbnail, "GDI"); }
-std::string FuzzPixelBufferThumbnail(std::string_view input) { return CheckThumbnail(input, MaakIjlThumbnail, "IJL"); }
 
 constexpr std::array<FuzzTarget, 7> kTargets = {{
     {"keyed_text_file", FuzzKeyedTextFile},
@@ -209,8 +199,9 @@ constexpr std::array<FuzzTarget, 7> kTargets = {{
     {"repeat_markers", FuzzRepeatMarkers},
     {"script_reader", FuzzScriptReader},
     {"photo_size", FuzzPhotoSize},
-    {"smooth_thumbnail", FuzzSmoothThumbnail},
-    {"pixel_buffer_thumbnail", FuzzPixelBufferThumbnail},
+    // Input: a photo file.
+    {"smooth_thumbnail", [](std::string_view input) { return CheckThumbnail(input, MaakGdiThumbnail, "GDI"); }},
+    {"pixel_buffer_thumbnail", [](std::string_view input) { return CheckThumbnail(input, MaakIjlThumbnail, "IJL"); }},
 }};
 
 }  // namespace
@@ -218,7 +209,7 @@ constexpr std::array<FuzzTarget, 7> kTargets = {{
 std::span<const FuzzTarget> FuzzTargets() { return kTargets; }
 
 const FuzzTarget* FindFuzzTarget(std::string_view name) {
-  const auto it = std::find_if(kTargets.begin(), kTargets.end(), [&](const FuzzTarget& t) { return t.name == name; });
+  const auto it = std::ranges::find(kTargets, name, &FuzzTarget::name);
   return it == kTargets.end() ? nullptr : &*it;
 }
 

@@ -3,9 +3,9 @@
 #include <gtest/gtest.h>
 #include <turbojpeg.h>
 
+#include <algorithm>
 #include <cstdlib>
 #include <memory>
-#include <sstream>
 
 #include <jpeglib.h>
 
@@ -72,8 +72,14 @@ std::pair<int, int> Maat(const std::string& tekst) {
   return {std::stoi(tekst.substr(0, x)), std::stoi(tekst.substr(x + 1))};
 }
 
+std::string Segment(int marker, const std::string& inhoud) {
+  const std::size_t lengte = inhoud.size() + 2;
+  return std::string{'\xFF', static_cast<char>(marker), static_cast<char>(lengte >> 8), static_cast<char>(lengte)} + inhoud;
+}
+
 std::string MaakFoto(const std::string& beschrijving) {
   if (beschrijving == "leeg") return "";
+  if (beschrijving == "kaal") return "\xFF\xD8\xFF\xD9";
   if (beschrijving == "png") return std::string("\x89PNG\r\n\x1a\n", 8) + std::string(100, '\0');
   if (beschrijving == "ruit") {
     return MaakJpeg(301, 200, [](int x, int y) { return x % 2 == 0 && y % 2 == 0 ? Rgb{255, 0, 0} : Rgb{0, 0, 255}; },
@@ -91,24 +97,24 @@ std::string MaakFoto(const std::string& beschrijving) {
   const JpegOpties opties{.progressief = met(",progressief"), .soort = met(",grijs") ? kGrijs : met(",cmyk") ? kCmyk : kKleur,
                           .herstel = met(",herstel") ? 1 : 0};
   const std::string jpeg = EffenJpeg(breedte, hoogte, {200, 120, 40}, opties);
-  if (met(",rommel")) return jpeg + std::string(5000, 'x');
-  if (!met(",exif6")) return jpeg;
+  std::string voor;  // segments between the start marker and the rest
   // APP1 "Exif", a big-endian TIFF header and one entry: orientation 6, turn a quarter right.
-  const std::string exif("\xFF\xE1\0\x22" "Exif\0\0MM\0*\0\0\0\x08\0\x01\x01\x12\0\x03\0\0\0\x01\0\x06\0\0\0\0\0\0", 36);
-  return jpeg.substr(0, 2) + exif + jpeg.substr(2);
+  if (met(",exif6")) voor = Segment(0xE1, std::string("Exif\0\0MM\0*\0\0\0\x08\0\x01\x01\x12\0\x03\0\0\0\x01\0\x06\0\0\0\0\0\0", 32));
+  for (int i = 0; met(",app") && i < 5; ++i) voor += Segment(0xE2, std::string(59998, 'x'));
+  const std::string foto = jpeg.substr(0, 2) + voor + jpeg.substr(2) + (met(",rommel") ? std::string(5000, 'x') : "");
+  return met(",kort") ? foto.substr(0, 3000) : foto;
 }
 
 std::vector<std::vector<std::string>> Tabel(const std::string& naam) {
-  std::vector<std::vector<std::string>> rijen;
-  std::istringstream bestand(ReadBytes(TestDataDir() + "images/" + naam + ".txt"));
-  for (std::string regel; std::getline(bestand, regel);) {
-    if (TrimSpaces(regel).empty() || regel.starts_with("#")) continue;
-    std::vector<std::string>& rij = rijen.emplace_back();
-    std::istringstream velden(regel + " ");
-    for (std::string veld; std::getline(velden, veld, '|');) rij.push_back(Vervang(TrimSpaces(veld), "\\n", "\n"));
-  }
-  if (rijen.empty()) ADD_FAILURE() << "geen tabel " << naam;
+  std::vector<std::vector<std::string>> rijen = Tabelrijen(TestDataDir() + naam + ".txt");
+  for (auto& rij : rijen) std::ranges::transform(rij, rij.begin(), [](const std::string& v) { return TrimSpaces(v); });
   return rijen;
+}
+
+Inhoud InhoudVan(const std::string& map) {
+  Inhoud inhoud;
+  for (const std::string& naam : BestandenIn(map)) inhoud[naam] = ReadBytes(map + naam);
+  return inhoud;
 }
 
 Rgb Beeld::At(int x, int y) const {

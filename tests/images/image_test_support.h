@@ -6,6 +6,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <map>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -34,19 +35,27 @@ struct JpegOpties {
 std::string MaakJpeg(int breedte, int hoogte, const std::function<Rgb(int, int)>& kleur, JpegOpties opties = {});
 std::string EffenJpeg(int breedte, int hoogte, Rgb kleur = {200, 120, 40}, JpegOpties opties = {});
 
+// A segment: the marker, its length and `inhoud`.
+std::string Segment(int marker, const std::string& inhoud);
+
 // A photo described in a few words, as the tables under tests/data/images
 // name them: "WxH" (one colour), followed by ",progressief", ",grijs",
 // ",cmyk", ",herstel" (restart markers), ",exif6" (turned by camera data),
-// ",camera" (camera data in front), ",rommel" (junk after the end),
-// ",half" (the first half of a gradient) or ",kop" (only the header, see
-// KaleKop); or "ruit" (301 x 200, red on even rows and columns, blue
-// elsewhere), "png" (a PNG signature) or "leeg".
+// ",app" (300000 bytes of APP2 segments in front of the frame header),
+// ",kort" (only the first 3000 bytes), ",camera" (camera data in front),
+// ",rommel" (junk after the end), ",half" (the first half of a gradient) or
+// ",kop" (only the header, see KaleKop); or "ruit" (301 x 200, red on even
+// rows and columns, blue elsewhere), "png" (a PNG signature), "kaal" (only
+// start and end markers) or "leeg".
 std::string MaakFoto(const std::string& beschrijving);
 
-// The rows of tests/data/images/<naam>.txt: fields separated by "|", without
-// the blanks around them ("\n" a line break); blank lines and "#" lines are
-// left out.
+// The rows of tests/data/<naam>.txt (see Tabelrijen), without the blanks
+// around their fields.
 std::vector<std::vector<std::string>> Tabel(const std::string& naam);
+
+// File name -> bytes of every file in a folder.
+using Inhoud = std::map<std::string, std::string>;
+Inhoud InhoudVan(const std::string& map);
 
 // "W" and "H" of "WxH".
 std::pair<int, int> Maat(const std::string& tekst);

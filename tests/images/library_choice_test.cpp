@@ -13,7 +13,7 @@ namespace kiekbord {
 namespace {
 
 TEST(OsNaam, VersionTableAndLinuxAsPlatformThreeWithTheKernelVersion) {
-  for (const auto& rij : test::Tabel("os_namen")) EXPECT_EQ(OsNaamVoorSleutel(rij[0]), rij[1]) << rij[0];
+  for (const auto& rij : test::Tabel("images/os_namen")) EXPECT_EQ(OsNaamVoorSleutel(rij[0]), rij[1]) << rij[0];
   utsname info{};
   ASSERT_EQ(::uname(&info), 0);
   int major = 0, minor = 0;
@@ -24,7 +24,7 @@ TEST(OsNaam, VersionTableAndLinuxAsPlatformThreeWithTheKernelVersion) {
 TEST(ThumbnailKeuze, NameAndMarkerFileChooseTheLibraryAndAreLogged) {
   test::TempDir met_marker, zonder_marker;
   test::WriteBytes(met_marker / "GDIplus.txt", "");
-  for (const auto& rij : test::Tabel("bibliotheek_keuze")) {
+  for (const auto& rij : test::Tabel("images/bibliotheek_keuze")) {
     test::TempDir log_dir;
     test::LogOpname log(log_dir / "kiekbord.log");
     const std::string program_dir = rij[1] == "ja" ? met_marker.path() : zonder_marker.path();
@@ -41,14 +41,11 @@ TEST(ThumbnailKeuze, NameAndMarkerFileChooseTheLibraryAndAreLogged) {
 TEST(HoofdvensterKeuze, StoredNameAndRotationLibrary) {
   test::TempDir met_marker, zonder_marker;
   test::WriteBytes(met_marker / "GDIplus.txt", "");
-  EXPECT_EQ(HoofdvensterOsNaam("2000", met_marker.path()), "XP");
-  EXPECT_EQ(HoofdvensterOsNaam("2000", zonder_marker.path()), "2000");
-  EXPECT_EQ(HoofdvensterOsNaam("Windows7", zonder_marker.path()), "Vista");
-  EXPECT_EQ(HoofdvensterOsNaam("Vista", zonder_marker.path()), "Vista");
-  EXPECT_EQ(RotatieBibliotheek("XP"), ImageLibrary::kGdiPlus);
-  EXPECT_EQ(RotatieBibliotheek("Vista"), ImageLibrary::kGdiPlus);
-  EXPECT_EQ(RotatieBibliotheek("2000"), ImageLibrary::kIjl11);
-  EXPECT_EQ(RotatieBibliotheek("Unknown (3.6.1)"), ImageLibrary::kIjl11);
+  for (const auto& rij : test::Tabel("images/hoofdvenster")) {
+    EXPECT_EQ(HoofdvensterOsNaam(rij[0], (rij[1] == "ja" ? met_marker : zonder_marker).path()), rij[2]) << rij[0];
+  }
+  for (const char* naam : {"XP", "Vista"}) EXPECT_EQ(RotatieBibliotheek(naam), ImageLibrary::kGdiPlus) << naam;
+  for (const char* naam : {"2000", "Unknown (3.6.1)"}) EXPECT_EQ(RotatieBibliotheek(naam), ImageLibrary::kIjl11) << naam;
 }
 
 }  // namespace

@@ -11,13 +11,9 @@
 namespace kiekbord {
 namespace {
 
-std::string Segment(int marker, const std::string& payload) {
-  const std::size_t length = payload.size() + 2;
-  return std::string{'\xFF', static_cast<char>(marker), static_cast<char>(length >> 8), static_cast<char>(length)} + payload;
-}
 
 std::string Frame(int width, int height, int marker = 0xC0) {
-  return Segment(marker, {8, static_cast<char>(height >> 8), static_cast<char>(height), static_cast<char>(width >> 8),
+  return test::Segment(marker, {8, static_cast<char>(height >> 8), static_cast<char>(height), static_cast<char>(width >> 8),
                           static_cast<char>(width), 1, 1, 0x11, 0});
 }
 
@@ -29,11 +25,11 @@ std::string Stukken(const std::string& beschrijving) {
     const std::string waarde = stuk.substr(stuk.find(':') + 1);
     const std::string soort = stuk.substr(0, stuk.find(':'));
     if (soort == "soi" || soort == "eoi") bytes += soort == "soi" ? "\xFF\xD8" : "\xFF\xD9";
-    if (soort == "jfif") bytes += Segment(0xE0, std::string(14, 'k'));
-    if (soort == "app") bytes += Segment(0xE1, std::string(std::stoul(waarde) - 4, 'k'));
+    if (soort == "jfif") bytes += test::Segment(0xE0, std::string(14, 'k'));
+    if (soort == "app") bytes += test::Segment(0xE1, std::string(std::stoul(waarde) - 4, 'k'));
     if (soort == "staart") bytes += std::string(32, '\0') + "\xFF\xD9";
     if (soort == "png") bytes += std::string("\x89PNG\r\n\x1A\n", 8) + std::string(64, '\0');
-    if (soort == "voorbeeld") bytes += Segment(0xE1, "\xFF\xD8" + Frame(160, 120) + "\xFF\xD9");
+    if (soort == "voorbeeld") bytes += test::Segment(0xE1, "\xFF\xD8" + Frame(160, 120) + "\xFF\xD9");
     for (std::size_t i = 0; soort == "hex" && i < waarde.size(); i += 2) {
       bytes += static_cast<char>(std::stoi(waarde.substr(i, 2), nullptr, 16));
     }
@@ -52,11 +48,11 @@ std::string Stukken(const std::string& beschrijving) {
 }
 
 TEST(BepaalAfmetingen, FollowsEveryRuleOnCraftedFiles) {
-  for (const auto& rij : test::Tabel("afmetingen")) {
+  for (const auto& rij : test::Tabel("images/afmetingen")) {
     const std::string bytes = Stukken(rij[1]);
     EXPECT_EQ(AfmetingenUitBytes(std::string_view(bytes).substr(0, kAfmetingenLeesGrens)), rij[2]) << rij[0];
   }
-  for (const auto& rij : test::Tabel("afmetingen_tekst")) {
+  for (const auto& rij : test::Tabel("images/afmetingen_tekst")) {
     EXPECT_EQ(BreedteVanAfmetingen(rij[0]), std::stoi(rij[1])) << rij[0];
     EXPECT_EQ(HoogteVanAfmetingen(rij[0]), std::stoi(rij[2])) << rij[0];
   }

@@ -6,12 +6,15 @@
 #include <algorithm>
 #include <chrono>
 #include <filesystem>
+#include <functional>
 #include <map>
 #include <mutex>
 
 #include "base/file_system.h"
 #include "base/text_helpers.h"
 #include "images/library_choice.h"
+#include "images/photo_backup.h"
+#include "images/smooth_library.h"
 #include "tests/images/image_test_support.h"
 #include "tests/support/fault_fs.h"
 #include "tests/support/test_support.h"
@@ -39,9 +42,12 @@ void Utc() {
 }
 
 TEST(ThumbnailNamen, PathBaseNameExtensionAndDateTimeText) {
-  for (const auto& rij : test::Tabel("thumbnail_namen")) {
-    EXPECT_EQ((rij[0] == "ThumbnailPad" ? ThumbnailPad : rij[0] == "BasisNaam" ? BasisNaam : Extensie)(rij[1]), rij[2]);
-  }
+  const std::map<std::string, std::function<std::string(const std::string&)>> functies = {
+      {"ThumbnailPad", ThumbnailPad}, {"BasisNaam", BasisNaam}, {"Extensie", Extensie}, {"TijdelijkPad", TijdelijkPad},
+      {"BackupPad", BackupPad}, {"VerkleinKwaliteit", [](const std::string& code) {
+         return std::to_string(VerkleinKwaliteit(std::stoi(code)));
+       }}};
+  for (const auto& rij : test::Tabel("images/thumbnail_namen")) EXPECT_EQ(functies.at(rij[0])(rij[1]), rij[2]) << rij[1];
   Utc();
   EXPECT_EQ(DatumTijdTekst(kAugustus + 999999999), "3-8-2026 9:12:03");
   EXPECT_EQ(DatumTijdTekst(Tijd(2026, 11, 15, 17, 40, 45)), "15-11-2026 17:40:45");
@@ -51,15 +57,6 @@ Regels Namen(int aantal) {
   Regels namen;
   for (int i = 1; i <= aantal; ++i) namen.push_back("p" + std::to_string(1000 + i) + ".jpg");
   return namen;
-}
-
-// Every file of a folder with its bytes.
-std::map<std::string, std::string> Inhoud(const std::string& dir) {
-  std::map<std::string, std::string> inhoud;
-  for (const auto& entry : std::filesystem::directory_iterator(dir)) {
-    inhoud[entry.path().filename().string()] = test::ReadBytes(entry.path().string());
-  }
-  return inhoud;
 }
 
 const std::string kGelezen = "(Bestand @kb_tn.txt gedetecteerd.)";
@@ -87,15 +84,19 @@ class ThumbnailRun : public ::testing::Test {
   std::string Dir() const { return fotos_.path(); }
   std::string Lijst() const { return Dir() + "kb_tn.txt"; }
 
+  // A photo in the folder, or at a full path.
   void Foto(const std::string& naam, const std::string& jpeg, std::int64_t tijd = kAugustus) {
-    test::WriteBytes(fotos_ / naam, jpeg);
-    ASSERT_TRUE(Fs().SetModificationTime(fotos_ / naam, tijd).ok());
+    const std::string pad = naam.starts_with("/") ? naam : fotos_ / naam;
+    test::WriteBytes(pad, jpeg);
+    ASSERT_TRUE(Fs().SetModificationTime(pad, tijd).ok());
   }
 
   // One run in `dir`; true when it failed. The log's lines after the
-  // opening ones go to staart_, with the folder as "@".
+  // opening ones go to staart_, the messages to meldingen_, with the folder
+  // as "@".
   bool Run(const Regels& namen, bool gdi = true, int gelijktijdig = 0, const std::string& dir = "") {
     voortgang_.clear();
+    meldingen_.meldingen.clear();
     const test::LogOpname log(marker_ / "run.log");
     const ThumbnailOpties opties{gdi ? marker_.path() : zonder_.path(), gelijktijdig,
                                  [this](int gedaan, int totaal) { voortgang_.emplace_back(gedaan, totaal); }};
@@ -108,6 +109,7 @@ class ThumbnailRun : public ::testing::Test {
     for (auto it = bibliotheek == regels_.end() ? bibliotheek : bibliotheek + 1; it != regels_.end(); ++it) {
       staart_.push_back(Vervang(*it, map, "@"));
     }
+    for (std::string& melding : meldingen_.meldingen) melding = Vervang(melding, map, "@");
     return fout;
   }
 
@@ -165,26 +167,13 @@ TEST_F(ThumbnailRun, OnlyMissingThumbnailsAndChangedPhotosAreRebuiltAndOldSectio
   EXPECT_THAT(test::ReadBytes(Lijst()), ::testing::EndsWith(Sectie("c", "2-1-2027 3:04:05", c.size())));
 }
 
-TEST_F(ThumbnailRun, PhotosSharingABaseNameShareAnEntry) {
-  const std::string zee2 = test::EffenJpeg(300, 200, {9, 9, 9});
-  Foto("Zee.1.jpg", test::EffenJpeg(200, 300));
-  Foto("zee.2.jpg", zee2);
-  for (int run = 0; run < 2; ++run) {
-    EXPECT_FALSE(Run({"Zee.1.jpg", "zee.2.jpg"}));
-    EXPECT_EQ(staart_.end()[-2], Aantal(2)) << "each overwrites the other's entry";
-  }
-  EXPECT_EQ(test::ReadBytes(Lijst()), Sectie("zee", "3-8-2026 9:12:03", zee2.size()));
-}
-
-
 TEST_F(ThumbnailRun, FailuresEndTheRunOrAreToldAndPassedOver) {
-  for (const auto& rij : test::Tabel("thumbnail_storingen")) {
+  for (const auto& rij : test::Tabel("images/thumbnail_storingen")) {
     SCOPED_TRACE(rij.back());
     const test::TempDir map;
     for (const char* naam : {"a.jpg", "b.jpg", "c.jpg"}) test::WriteBytes(map / naam, test::EffenJpeg(40, 30));
     rij[1] == "weg" ? static_cast<void>(Fs().DeleteFile(map / "b.jpg")) : test::WriteBytes(map / "b.jpg", test::MaakFoto(rij[1]));
     test::WriteBytes(map / "kb_tn.txt", "");
-    meldingen_.meldingen.clear();
     FoutenSchijf schijf;
     schijf.Faal(rij[2] == "schrijven" ? FoutenSchijf::kSchrijven : rij[2] == "lezen" ? FoutenSchijf::kLezen : 0u, rij[3],
                 std::stoi(rij[4]));
@@ -192,7 +181,7 @@ TEST_F(ThumbnailRun, FailuresEndTheRunOrAreToldAndPassedOver) {
     const bool mislukt = rij.back() != kGeschreven;
     EXPECT_EQ(Run({"a.jpg", "b.jpg", "c.jpg"}, rij[0] == "GDI", 0, map.path()), mislukt);
     EXPECT_EQ(staart_, Plus({kGelezen}, Regels(rij.begin() + 6, rij.end())));
-    EXPECT_EQ(meldingen_.meldingen.empty() ? "" : Vervang(meldingen_.meldingen.front(), map.path(), "@"), rij[5]);
+    EXPECT_EQ(meldingen_.meldingen.empty() ? "" : meldingen_.meldingen.front(), rij[5]);
     EXPECT_EQ(Fs().FileExists(map / "c_tn.jpg"), std::ranges::count(rij, Aanmaken("c_tn.jpg", rij[0].c_str())) == 1);
     if (mislukt) {
       EXPECT_EQ(test::ReadBytes(map / "kb_tn.txt"), "") << "the list is not written after a failure";
@@ -201,37 +190,19 @@ TEST_F(ThumbnailRun, FailuresEndTheRunOrAreToldAndPassedOver) {
 }
 
 // Photos made side by side give the same log, result, messages and files as
-// one by one, also when a photo fails.
+// one by one, also when a photo fails, and photos sharing a base name
+// overwrite each other's entry: both are made again every run.
 TEST_F(ThumbnailRun, OnAllCoresTheSameLogAndFilesAsOneByOne) {
-  const Regels fotos = {"4000x3000", "301x200", "753x100,progressief", "100x80", "1600x2560", "200x300", "300x200,grijs",
-                        "640x480,half", "png"};
-  for (unsigned i = 0; i < fotos.size(); ++i) Foto("f" + std::to_string(i + 1) + ".jpg", test::MaakFoto(fotos[i]), Tijd(2026, 8, i + 1));
-  ASSERT_TRUE(Fs().RenameFile(fotos_ / "f6.jpg", fotos_ / "zee.1.jpg").ok());
-  ASSERT_TRUE(Fs().RenameFile(fotos_ / "f7.jpg", fotos_ / "zee.2.jpg").ok());
-  // The same gallery in a second folder, photo times included.
-  test::TempDir kopie;
-  for (const auto& [naam, bytes] : Inhoud(Dir())) {
-    test::WriteBytes(kopie / naam, bytes);
-    FileInfo info;
-    ASSERT_TRUE(Fs().GetFileInfo(fotos_ / naam, info).ok());
-    ASSERT_TRUE(Fs().SetModificationTime(kopie / naam, info.modified_ns).ok());
+  const test::TempDir kopie;
+  for (const auto& rij : test::Tabel("images/alle_kernen")) {
+    const std::string jpeg = test::MaakFoto(rij[1]);
+    Foto(rij[0], jpeg, Tijd(2026, 8, std::stoi(rij[2])));
+    Foto(kopie / rij[0], jpeg, Tijd(2026, 8, std::stoi(rij[2])));
   }
-  // The messages name the photo, so its folder is left out.
-  const auto meldingen_zonder = [this](const std::string& map) {
-    Regels meldingen;
-    for (const std::string& m : meldingen_.meldingen) meldingen.push_back(Vervang(m, map, "@"));
-    return meldingen;
-  };
   const auto vergelijk = [&](const Regels& namen, bool gdi) {
-    meldingen_.meldingen.clear();
-    const bool fout_een = Run(namen, gdi, 1);
-    const Regels log_een = staart_;
-    const Regels meldingen_een = meldingen_zonder(Dir());
-    meldingen_.meldingen.clear();
-    EXPECT_EQ(Run(namen, gdi, 4, kopie.path()), fout_een);
-    EXPECT_EQ(staart_, log_een);
-    EXPECT_EQ(meldingen_zonder(kopie.path()), meldingen_een);
-    EXPECT_EQ(Inhoud(kopie.path()), Inhoud(Dir()));
+    const auto een_voor_een = std::tuple{Run(namen, gdi, 1), staart_, meldingen_.meldingen};
+    EXPECT_EQ((std::tuple{Run(namen, gdi, 4, kopie.path()), staart_, meldingen_.meldingen}), een_voor_een);
+    EXPECT_EQ(test::InhoudVan(kopie.path()), test::InhoudVan(Dir()));
   };
   Regels namen = {"f1.jpg", "zee.1.jpg", "f2.jpg", "f2.jpg", "f3.jpg", "abc_tn.jpg", "f8.jpg",
                   "zee.2.jpg", "x.jpeg", "f9.jpg", "f4.jpg", "f1.jpg", "f5.jpg"};
@@ -247,6 +218,8 @@ TEST_F(ThumbnailRun, OnAllCoresTheSameLogAndFilesAsOneByOne) {
   }
   vergelijk(namen, true);
   EXPECT_THAT(staart_, Contains(Aantal(4)));
+  const std::size_t zee2 = test::MaakFoto("300x200,grijs").size();
+  EXPECT_THAT(test::ReadBytes(Lijst()), ::testing::HasSubstr(Sectie("zee", "7-8-2026 9:12:03", zee2)));
 }
 
 // The process's open file descriptors, the one that lists them included.

@@ -9,11 +9,6 @@
 
 #include <gmock/gmock.h>
 
-#include <ostream>
-#include <sstream>
-
-#include "base/text.h"
-#include "base/text_helpers.h"
 #include "tests/robustness/gallery_fixture.h"
 #include "tests/support/fault_fs.h"
 
@@ -21,19 +16,6 @@ namespace kiekbord::test {
 namespace {
 
 using ::testing::ElementsAreArray;
-
-// The scenarios, one row of fields each.
-std::vector<std::vector<std::string>> LeesStoringen() {
-  std::vector<std::vector<std::string>> storingen;
-  std::istringstream bestand(ReadBytes(TestDataDir() + "robuustheid/storingen.txt"));
-  for (std::string regel; std::getline(bestand, regel);) {
-    if (regel.empty() || regel.starts_with("#")) continue;
-    std::vector<std::string>& v = storingen.emplace_back();
-    std::istringstream velden(regel);
-    for (std::string veld; std::getline(velden, veld, '|');) v.push_back(Vervang(TrimSpaces(veld), "\\n", "\n"));
-  }
-  return storingen;
-}
 
 class Storingen : public Robuustheid, public ::testing::WithParamInterface<std::vector<std::string>> {};
 
@@ -83,7 +65,7 @@ TEST_P(Storingen, EndAsDocumentedAndLeaveNoHalfFile) {
   EXPECT_EQ(ReadBytes(Script()), script);
 }
 
-INSTANTIATE_TEST_SUITE_P(Robuustheid, Storingen, ::testing::ValuesIn(LeesStoringen()),
+INSTANTIATE_TEST_SUITE_P(Robuustheid, Storingen, ::testing::ValuesIn(Tabel("robuustheid/storingen")),
                          [](const auto& info) { return info.param[0]; });
 
 // A real disk that fills up in the middle of a file: the process may not

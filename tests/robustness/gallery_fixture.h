@@ -5,9 +5,12 @@
 #pragma once
 
 #include <gtest/gtest.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 #include <chrono>
 #include <filesystem>
+#include <functional>
 #include <map>
 #include <string>
 #include <vector>
@@ -16,20 +19,42 @@
 #include "base/failure_report.h"
 #include "base/file_system.h"
 #include "generator/generation_run.h"
+#include "tests/images/image_test_support.h"
 #include "tests/support/golden.h"
 #include "tests/support/test_photos.h"
 #include "tests/support/test_support.h"
 
 namespace kiekbord::test {
 
-// File name -> bytes of every plain file in a folder.
-using Inhoud = std::map<std::string, std::string>;
-
-inline Inhoud InhoudVan(const std::string& map) {
-  Inhoud inhoud;
-  for (const std::string& naam : BestandenIn(map)) inhoud[naam] = ReadBytes(map + naam);
-  return inhoud;
+// Runs `werk` in a child process; its exit code, or -1 when it did not exit.
+inline int InKind(const std::function<int()>& werk) {
+  const pid_t kind = fork();
+  if (kind == 0) _exit(werk());
+  int toestand = 0;
+  return kind > 0 && waitpid(kind, &toestand, 0) == kind && WIFEXITED(toestand) ? WEXITSTATUS(toestand) : -1;
 }
+
+// kiekbord-maak on `script`, started without a shell in folder `map` with its
+// error output into `fout`; its exit code.
+inline int KiekbordMaak(const std::string& map, const std::string& script, const std::string& fout) {
+  return InKind([&] {
+    if (chdir(map.c_str()) != 0 || !freopen("/dev/null", "w", stdout) || !freopen(fout.c_str(), "w", stderr)) return 99;
+    const std::string programma = std::string(KIEKBORD_BIN_DIR) + "/kiekbord-maak";
+    execl(programma.c_str(), "kiekbord-maak", script.c_str(), static_cast<char*>(nullptr));
+    return 98;
+  });
+}
+
+// What a script of Robuustheid::SchrijfScript holds; without names, the
+// fixture's photos.
+struct ScriptOpties {
+  std::vector<std::string> namen{};
+  std::vector<std::string> bijschriften{};  // "Foto" for every photo without one
+  std::string sjabloon = "Klassiek";
+  std::string uit{};  // the fixture's output folder when empty
+  std::string algemeen = "Thumbnails=1\r\n";
+  std::string instellingen{};
+};
 
 // Its name is what `ctest -R Robuustheid` picks the robustness tests by.
 class Robuustheid : public ::testing::Test, public FoutMelder {
@@ -46,19 +71,17 @@ class Robuustheid : public ::testing::Test, public FoutMelder {
   std::string Uit() const { return dir_ / "uit/"; }
   std::string Script() const { return dir_ / "galerie.kbs"; }
 
-  // The script for `namen` (or the fixture's photos) with template set
-  // `sjabloon` and output folder `uit` (or Uit()).
-  void SchrijfScript(std::vector<std::string> namen = {}, const std::string& sjabloon = "Klassiek",
-                     const std::string& uit = "") {
-    if (namen.empty()) {
-      for (const auto& [naam, bytes] : fotos_) namen.push_back(naam);
+  void SchrijfScript(ScriptOpties o = {}) {
+    if (o.namen.empty()) {
+      for (const auto& [naam, bytes] : fotos_) o.namen.push_back(naam);
     }
-    std::string script = "[Algemeen]\r\nUitvoerDir=" + (uit.empty() ? Uit() : uit) +
-                         "\r\nThumbnails=1\r\nAantalFotos=" + std::to_string(namen.size()) + "\r\n";
-    for (std::size_t i = 0; i < namen.size(); ++i) {
-      script += "[Foto00" + std::to_string(i + 1) + "]\r\nFoto=" + namen[i] + "\r\nBijschrift=Foto\r\n";
+    o.bijschriften.resize(o.namen.size(), "Foto");
+    std::string script = "[Algemeen]\r\nUitvoerDir=" + (o.uit.empty() ? Uit() : o.uit) + "\r\n" + o.algemeen +
+                         "AantalFotos=" + std::to_string(o.namen.size()) + "\r\n";
+    for (std::size_t i = 0; i < o.namen.size(); ++i) {
+      script += "[Foto00" + std::to_string(i + 1) + "]\r\nFoto=" + o.namen[i] + "\r\nBijschrift=" + o.bijschriften[i] + "\r\n";
     }
-    WriteBytes(Script(), script + "[Instellingen]\r\nSjabloon=" + sjabloon + "\r\n");
+    WriteBytes(Script(), script + "[Instellingen]\r\nSjabloon=" + o.sjabloon + "\r\n" + o.instellingen);
   }
 
   SiteResultaat Genereer() {

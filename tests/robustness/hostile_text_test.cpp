@@ -42,14 +42,11 @@ TEST(TekstPerPlaats, AFieldIsEscapedForWhereItStands) {
 TEST_F(Robuustheid, HostileCaptionsAndTitleStayText) {
   WriteBytes(Programma() + "KBord.ini", "[Sjabloon]\r\nMetaKeywords=1\r\nMetaDescription=1\r\n");
   const std::string titel = "\"><script>alert(1)</script>";
-  const std::vector<std::string> bijschriften = {"\\';alert(2);//", "</script><script>alert(3)</script>",
-                                                 "C:\\nieuw\\tabel", "Strand bij Wijk aan Zee"};
-  std::string script = "[Algemeen]\r\nUitvoerDir=" + Uit() + "\r\nTitel=" + titel + "\r\nThumbnails=0\r\nAantalFotos=4\r\n";
-  for (std::size_t i = 0; i < bijschriften.size(); ++i) {
-    script += "[Foto00" + std::to_string(i + 1) + "]\r\nFoto=" + std::vector<std::string>{"strand.jpg", "duin.jpg", "zee.jpg", "strand.jpg"}[i] +
-              "\r\nBijschrift=" + bijschriften[i] + "\r\n";
-  }
-  WriteBytes(Script(), script + "[Instellingen]\r\nSjabloon=Klassiek\r\nPresentatie=1\r\n");
+  SchrijfScript({.namen = {"strand.jpg", "duin.jpg", "zee.jpg", "strand.jpg"},
+                 .bijschriften = {"\\';alert(2);//", "</script><script>alert(3)</script>", "C:\\nieuw\\tabel",
+                                  "Strand bij Wijk aan Zee"},
+                 .algemeen = "Titel=" + titel + "\r\nThumbnails=0\r\n",
+                 .instellingen = "Presentatie=1\r\n"});
   Genereer();
   ASSERT_EQ(log_.back(), "Normaal einde.");
 
