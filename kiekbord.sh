@@ -5,7 +5,7 @@ set -euo pipefail
 cd "$(dirname "$0")"
 
 PACKAGES=(cmake ninja-build g++ pkg-config git libgtest-dev libgmock-dev
-          libvips-dev libturbojpeg0-dev libjpeg62-turbo-dev qt6-base-dev qt6-translations-l10n xdg-utils)
+          libvips-dev libturbojpeg0-dev libexif-dev libjpeg62-turbo-dev qt6-base-dev qt6-translations-l10n xdg-utils)
 
 # The demo's photos: real photographs under free licences (the photographers
 # and licences are in examples/demo/demo.kbs), taken from this Debian package

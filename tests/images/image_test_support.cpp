@@ -8,6 +8,7 @@
 #include <memory>
 
 #include <jpeglib.h>
+#include <libexif/exif-data.h>
 
 #include "base/text.h"
 #include "base/text_helpers.h"
@@ -144,6 +145,58 @@ int EersteKwantisatieWaarde(std::string_view jpeg) {
 
 bool Lijkt(Rgb a, Rgb b, int marge) {
   return std::abs(a.r - b.r) <= marge && std::abs(a.g - b.g) <= marge && std::abs(a.b - b.b) <= marge;
+}
+
+namespace {
+
+void ZetVeld(ExifData* data, ExifIfd ifd, ExifTag tag, ExifFormat formaat, std::string_view waarde) {
+  ExifEntry* veld = exif_entry_new();
+  veld->tag = tag;
+  veld->format = formaat;
+  veld->size = static_cast<unsigned>(waarde.size());
+  veld->components = waarde.size() / exif_format_get_size(formaat);
+  veld->data = static_cast<unsigned char*>(std::malloc(waarde.size()));
+  std::copy(waarde.begin(), waarde.end(), veld->data);
+  exif_content_add_entry(data->ifd[ifd], veld);
+  exif_entry_unref(veld);
+}
+
+std::string Kort(int waarde) { return {static_cast<char>(waarde >> 8), static_cast<char>(waarde & 0xFF)}; }
+
+}  // namespace
+
+std::string MetExif(std::string_view jpeg, int orientatie, bool gps, int breedte, int hoogte) {
+  ExifData* data = exif_data_new();
+  exif_data_set_byte_order(data, EXIF_BYTE_ORDER_MOTOROLA);
+  ZetVeld(data, EXIF_IFD_0, EXIF_TAG_ORIENTATION, EXIF_FORMAT_SHORT, Kort(orientatie));
+  ZetVeld(data, EXIF_IFD_0, EXIF_TAG_MAKE, EXIF_FORMAT_ASCII, std::string_view("Proefcamera", 12));
+  ZetVeld(data, EXIF_IFD_EXIF, EXIF_TAG_DATE_TIME_ORIGINAL, EXIF_FORMAT_ASCII,
+          std::string_view("2026:11:21 10:00:00", 20));
+  ZetVeld(data, EXIF_IFD_EXIF, EXIF_TAG_PIXEL_X_DIMENSION, EXIF_FORMAT_SHORT, Kort(breedte));
+  ZetVeld(data, EXIF_IFD_EXIF, EXIF_TAG_PIXEL_Y_DIMENSION, EXIF_FORMAT_SHORT, Kort(hoogte));
+  if (gps) ZetVeld(data, EXIF_IFD_GPS, static_cast<ExifTag>(EXIF_TAG_GPS_VERSION_ID), EXIF_FORMAT_BYTE, std::string_view("\2\2\0\0", 4));
+  const std::string duim = EffenJpeg(8, 8);
+  data->data = static_cast<unsigned char*>(std::malloc(duim.size()));
+  data->size = static_cast<unsigned>(duim.size());
+  std::copy(duim.begin(), duim.end(), data->data);
+  unsigned char* blok = nullptr;
+  unsigned int grootte = 0;
+  exif_data_save_data(data, &blok, &grootte);
+  exif_data_unref(data);
+  const std::string app1 = std::string("\xFF\xE1") + Kort(static_cast<int>(grootte) + 2) +
+                           std::string(reinterpret_cast<char*>(blok), grootte);
+  std::free(blok);
+  return std::string(jpeg.substr(0, 2)) + app1 + std::string(jpeg.substr(2));
+}
+
+std::string ExifVeld(std::string_view jpeg, int ifd, int tag) {
+  ExifData* data = exif_data_new_from_data(reinterpret_cast<const unsigned char*>(jpeg.data()),
+                                           static_cast<unsigned>(jpeg.size()));
+  char waarde[256] = "";
+  ExifEntry* veld = data != nullptr ? exif_content_get_entry(data->ifd[ifd], static_cast<ExifTag>(tag)) : nullptr;
+  if (veld != nullptr) exif_entry_get_value(veld, waarde, sizeof waarde);
+  if (data != nullptr) exif_data_unref(data);
+  return waarde;
 }
 
 LogOpname::LogOpname(const std::string& pad)

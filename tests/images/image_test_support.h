@@ -79,6 +79,14 @@ Beeld LeesJpeg(std::string_view jpeg);
 // 90, 6 at 80, 13 at 60. -1 when the file has none.
 int EersteKwantisatieWaarde(std::string_view jpeg);
 
+// `jpeg` with camera data in front, built with libexif: orientation
+// `orientatie`, make "Proefcamera", date taken, the pixel size `breedte` x
+// `hoogte`, an embedded thumbnail and, when `gps`, a GPS block.
+std::string MetExif(std::string_view jpeg, int orientatie, bool gps, int breedte, int hoogte);
+
+// A field of the camera data as libexif shows it; empty when it is missing.
+std::string ExifVeld(std::string_view jpeg, int ifd, int tag);
+
 // True when the two colours differ by at most `marge` in every channel.
 bool Lijkt(Rgb a, Rgb b, int marge);
 

@@ -1,0 +1,128 @@
+// Photos from phones: turned upright losslessly as their orientation tag
+// says, their location removed, the other camera data kept; thumbnails carry
+// none of it; and the headless command's options on a real script.
+#include <gtest/gtest.h>
+#include <libexif/exif-data.h>
+
+#include <algorithm>
+#include <cstdlib>
+
+#include "images/exif_data.h"
+#include "images/pixel_edit.h"
+#include "images/smooth_library.h"
+#include "images/straighten.h"
+#include "tests/images/image_test_support.h"
+#include "tests/support/fault_fs.h"
+#include "tests/support/golden.h"
+#include "tests/support/test_photos.h"
+#include "tests/support/test_support.h"
+
+namespace kiekbord::test {
+namespace {
+
+// Where pixel (x, y) of a photo stored with orientation o shows in the upright
+// w x h picture.
+std::pair<int, int> Rechtop(int o, int x, int y, int w, int h) {
+  const std::pair<int, int> plek[] = {{x, y}, {w - 1 - x, y}, {w - 1 - x, h - 1 - y}, {x, h - 1 - y},
+                                      {y, x}, {w - 1 - y, x}, {w - 1 - y, h - 1 - x}, {y, h - 1 - x}};
+  return plek[o - 1];
+}
+
+Rgb Patroon(std::pair<int, int> p) { return {p.first * 10, p.second * 15, 128}; }
+
+// Every orientation, on a block-aligned (24 x 16) and an unaligned (21 x 13)
+// picture: upright pixel for pixel, tag 1, pixel sizes updated, the other
+// fields and the GPS block kept; a trimmed edge is the stored partial block.
+TEST(Exif, TurnsEveryOrientationUpright) {
+  for (const auto& [w, h] : {std::pair{24, 16}, std::pair{21, 13}}) {
+    for (int o = 1; o <= 8; ++o) {
+      SCOPED_TRACE(std::to_string(w) + " " + std::to_string(o));
+      const int sw = o >= 5 ? h : w;
+      const int sh = o >= 5 ? w : h;
+      const std::string foto = MetExif(MaakJpeg(sw, sh, [&](int x, int y) { return Patroon(Rechtop(o, x, y, w, h)); }),
+                                       o, o % 2 == 0, sw, sh);
+      std::string uit;
+      OpschoonUitkomst uitkomst;
+      ASSERT_TRUE(SchoonJpegOp(foto, {.rechtop = true}, uit, uitkomst).ok());
+      const Beeld beeld = LeesJpeg(uit);
+      const ExifGegevens exif = LeesExif(uit);
+      EXPECT_EQ(uitkomst.orientatie, o);
+      EXPECT_EQ(std::pair(exif.orientatie, exif.gps), std::pair(1, o % 2 == 0));
+      EXPECT_EQ(ExifVeld(uit, EXIF_IFD_0, EXIF_TAG_MAKE) + ExifVeld(uit, EXIF_IFD_EXIF, EXIF_TAG_DATE_TIME_ORIGINAL),
+                "Proefcamera2026:11:21 10:00:00");
+      EXPECT_EQ(ExifVeld(uit, EXIF_IFD_EXIF, EXIF_TAG_PIXEL_X_DIMENSION), std::to_string(beeld.breedte));
+      EXPECT_EQ(std::pair(beeld.breedte + uitkomst.afgesneden_kolommen, beeld.hoogte + uitkomst.afgesneden_rijen),
+                std::pair(w, h));
+      EXPECT_EQ(beeld.breedte * beeld.hoogte < w * h, w == 21 && o != 1 && o != 5);
+      // The stored picture keeps its top-left whole blocks: their corners give
+      // the upright picture's part that is left.
+      const auto [kw, kh] = o >= 5 ? std::pair(beeld.hoogte, beeld.breedte) : std::pair(beeld.breedte, beeld.hoogte);
+      int dx = w, dy = h;
+      for (const auto& [x, y] : {std::pair{0, 0}, {kw - 1, 0}, {0, kh - 1}, {kw - 1, kh - 1}}) {
+        dx = std::min(dx, Rechtop(o, x, y, w, h).first);
+        dy = std::min(dy, Rechtop(o, x, y, w, h).second);
+      }
+      for (int y = 0; y < beeld.hoogte; ++y) {
+        for (int x = 0; x < beeld.breedte; ++x) ASSERT_TRUE(Lijkt(beeld.At(x, y), Patroon({x + dx, y + dy}), 6));
+      }
+    }
+  }
+}
+
+// Removing the location touches nothing but the camera data, and a failed
+// write leaves the photo byte for byte as it was.
+TEST(Exif, RemovesTheLocationLosslesslyOrLeavesThePhoto) {
+  const std::string foto = MetExif(ProefJpeg(40, 30), 6, true, 40, 30);
+  std::string uit;
+  OpschoonUitkomst uitkomst;
+  ASSERT_TRUE(SchoonJpegOp(foto, {.zonder_locatie = true}, uit, uitkomst).ok());
+  EXPECT_EQ(std::pair(LeesExif(uit).orientatie, LeesExif(uit).gps), std::pair(6, false));
+  EXPECT_EQ(uit.substr(uit.find("\xFF\xDB")), foto.substr(foto.find("\xFF\xDB")));
+  TempDir dir;
+  WriteBytes(dir / "a.jpg", foto);
+  FoutenSchijf schijf;
+  schijf.Faal(FoutenSchijf::kSchrijven, dir / "a.jpg", 61);
+  const ScopedFileSystem met_fouten(schijf);
+  const Status status = SchoonFotoOp(dir / "a.jpg", {.rechtop = true, .zonder_locatie = true}, uitkomst);
+  EXPECT_EQ(OpschoonFoutRegel("a.jpg", status), "Fout 61 bij het bewerken van foto a.jpg (Disk full); de foto is niet gewijzigd.");
+  EXPECT_EQ(ReadBytes(dir / "a.jpg"), foto);
+}
+
+// Both libraries make thumbnails from pixels: no camera data, nothing that
+// would turn them again.
+TEST(Exif, ThumbnailsCarryNoCameraData) {
+  TempDir dir;
+  WriteBytes(dir / "a.jpg", MetExif(ProefJpeg(120, 90), 6, true, 120, 90));
+  for (const auto maak : {&GDIMaakThumb, &IJLMaakThumb}) {
+    LogOpname log(dir / "log");
+    MeldingOpname meldingen;
+    ASSERT_TRUE(maak(dir / "a.jpg", dir / "a_tn.jpg", log.log(), meldingen).ok());
+    EXPECT_EQ(ReadBytes(dir / "a_tn.jpg").find("Exif"), std::string::npos);
+  }
+}
+
+// The whole command: a line per changed photo, an unchanged photo left alone,
+// then the normal run.
+TEST(Exif, HeadlessCommandStraightensAndRemovesLocations) {
+  TempDir dir;
+  WriteBytes(dir / "reis.kbs", VulPlaatshouders(ReadBytes(TestDataDir() + "exif/reis.kbs"), {{"@MAP@", dir.path()}}));
+  ASSERT_TRUE(Fs().CreateDirectory(dir / "foto").ok());
+  WriteBytes(dir / "foto/staand.jpg", MetExif(ProefJpeg(64, 48), 6, true, 64, 48));
+  WriteBytes(dir / "foto/kop.jpg", MetExif(ProefJpeg(60, 40), 3, false, 60, 40));
+  WriteBytes(dir / "foto/recht.jpg", ProefJpeg(32, 32));
+  const std::string opdracht = "env HOME='" + dir.path() + "' '" + KIEKBORD_BIN_DIR + "/kiekbord-maak' --rechtop " +
+                               "--zonder-locatie '" + dir / "reis.kbs' >'" + dir / "uit.txt' 2>&1";
+  EXPECT_EQ(std::system(opdracht.c_str()), 0);
+  const std::string uitvoer = ReadBytes(dir / "uit.txt");
+  EXPECT_TRUE(uitvoer.starts_with("Rechtop gezet: staand.jpg (oriëntatie 6)\nLocatie verwijderd: staand.jpg\n"
+                                  "Rechtop gezet: kop.jpg (oriëntatie 3) (randen van 12 en 8 pixels afgesneden)\n"
+                                  "Aangemaakt met: "))
+      << uitvoer;
+  EXPECT_TRUE(uitvoer.ends_with("Normaal einde.\n"));
+  EXPECT_EQ(LeesExif(ReadBytes(dir / "foto/staand.jpg")).gps, false);
+  EXPECT_EQ(ReadBytes(dir / "foto/recht.jpg"), ProefJpeg(32, 32));
+  EXPECT_EQ(ReadBytes(dir / "foto/Backup/kop.jpg"), MetExif(ProefJpeg(60, 40), 3, false, 60, 40));
+}
+
+}  // namespace
+}  // namespace kiekbord::test
