@@ -13,6 +13,9 @@ enum class MeldingSoort { kInformatie, kVraag, kWaarschuwing, kFout };
 struct Melding {
   MeldingSoort soort;
   std::string tekst;  // exact text; lines separated by CR LF
+  // A question whose default answer is "Nee" (one that would destroy
+  // something); otherwise "Ja" is the default.
+  bool nee_voorop = false;
 
   bool operator==(const Melding&) const = default;
 };

@@ -75,7 +75,9 @@ void StandaardKleuren(const ProgramSettings& settings, GalleryScript& script) {
   const GalleryScript standaard;
   script.kleur_tekst_op_achtergrond = IniKleur(settings.kleur_tekst_op_achtergrond, standaard.kleur_tekst_op_achtergrond);
   script.kleur_achtergrond = IniKleur(settings.kleur_achtergrond, standaard.kleur_achtergrond);
-  script.kleur_tekst_in_kader = IniKleur(settings.kleur_tekst_in_kader, standaard.kleur_tekst_in_kader);
+  // Black on the light grey frame reads well; the record's white (for scripts
+  // without the key) would hardly show on it.
+  script.kleur_tekst_in_kader = IniKleur(settings.kleur_tekst_in_kader, kNieuwKleurTekstInKader);
   script.kleur_kader = IniKleur(settings.kleur_kader, standaard.kleur_kader);
 }
 

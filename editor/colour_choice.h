@@ -26,9 +26,14 @@ std::optional<Melding> KiesKleur(GalleryScript& script, KleurRol rol, std::int32
 // The title of the colour dialog of `rol` ("Kiekbord - Kleur achtergrond").
 std::string KleurDialoogTitel(KleurRol rol);
 
+// The text colour in the photo frame of a new gallery when "KBord.ini" sets
+// none: black.
+inline constexpr std::int32_t kNieuwKleurTekstInKader = 0;
+
 // The colours of a new gallery: the default colours of "KBord.ini" where they
 // are set (a colour number or an HTML colour), the record's defaults where
-// they are not ("x" or empty) or cannot be read.
+// they are not ("x" or empty) or cannot be read; for the text in the photo
+// frame, black (kNieuwKleurTekstInKader) instead of the record's white.
 void StandaardKleuren(const ProgramSettings& settings, GalleryScript& script);
 
 }  // namespace kiekbord

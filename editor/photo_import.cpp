@@ -160,8 +160,9 @@ ToevoegPlan PlanToevoegen(const std::string& bron, const std::string& uitvoer_di
 }
 
 Melding VerwijderVraag(const std::string& naam) {
-  return {MeldingSoort::kVraag, "Wilt u de foto " + naam + " uit de kiekbord verwijderen" + kRegeleinde +
-                                    "en het bestand van schijf wissen?"};
+  return {MeldingSoort::kWaarschuwing,
+          "Wilt u de foto " + naam + " uit de kiekbord verwijderen" + kRegeleinde + "en het bestand van schijf wissen?",
+          true};
 }
 
 Melding VerwijderFoutMelding(const std::string& pad, const Status& status) {

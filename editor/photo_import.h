@@ -75,8 +75,8 @@ Melding LijstVolMelding(int maximum);
 // The error after a failed copy of `bron` to `doel`.
 Melding KopieerFoutMelding(const std::string& bron, const std::string& doel, const Status& status);
 
-// The question before a photo is deleted from the disk, and the error after
-// a failed delete.
+// The question before a photo is deleted from the disk (a warning, with
+// "Nee" as its default answer), and the error after a failed delete.
 Melding VerwijderVraag(const std::string& naam);
 Melding VerwijderFoutMelding(const std::string& pad, const Status& status);
 

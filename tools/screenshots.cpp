@@ -32,6 +32,7 @@
 #include "app/program_directory.h"
 #include "app/user_preferences.h"
 #include "images/library_choice.h"
+#include "ui/application_setup.h"
 #include "ui/common_dialogs.h"
 #include "ui/desktop_services.h"
 #include "ui/generation_progress.h"
@@ -134,9 +135,7 @@ int main(int argc, char** argv) {
   const QDir fotomap(QString::fromLocal8Bit(argv[2]));
   QDir().mkpath(doelmap);
   QTranslator vertaling;
-  if (vertaling.load(QLocale(QLocale::Dutch), "qtbase", "_", QLibraryInfo::path(QLibraryInfo::TranslationsPath))) {
-    QApplication::installTranslator(&vertaling);
-  }
+  RichtToepassingIn(vertaling);
 
   QTemporaryDir tmp;
   const QString in = tmp.filePath("Vakantie"), uit = tmp.filePath("site");
@@ -184,6 +183,8 @@ int main(int argc, char** argv) {
   W<QLineEdit>(&w, "txtUitvoerDir")->editingFinished();
   W<QCheckBox>(&w, "chkThumbnails")->setChecked(true);
   Bewaar(&w, "02-stap1-ingevuld");
+  // The folder chooser starts at the folder typed in the field.
+  W<QLineEdit>(&w, "txtUitvoerDir")->setText(tmp.path() + QLatin1Char('/'));
   KiesBestand("03-mapkiezer", uit);
   W<QPushButton>(&w, "cmdUitvoer")->click();
   Menu(&w, "mnuBestand", &w, "04-menu-bestand");
@@ -194,6 +195,8 @@ int main(int argc, char** argv) {
   W<QLineEdit>(&w, "txtBijschrift")->setText("Het strand bij De Koog");
   Bewaar(&w, "06-stap2");
   Menu(&w, "mnuBewerken", &w, "07-menu-bewerken");
+  Antwoord("07b-verwijdervraag", "Nee");
+  W<QAction>(&w, "mnuBewerkenFotoVerwijderenTotaal")->trigger();
   const QSize gewoon = w.size();
   w.resize(1180, 820);
   Bewaar(&w, "08-stap2-groot");
@@ -238,6 +241,14 @@ int main(int argc, char** argv) {
   OptiesDialoog opties(opslag, instellingen, bureaublad, dialogen, meldingen, false, &w);
   opties.show();
   Bewaar(&opties, "21-opties");
+  // The photo-program chooser, once it has listed its folder.
+  ZodraGeopend<QFileDialog>("22-programmakiezer-geopend", [](QFileDialog* dialoog) {
+    QTimer::singleShot(1500, dialoog, [dialoog] {
+      Bewaar(dialoog, "22-programmakiezer");
+      dialoog->reject();
+    });
+  });
+  W<QPushButton>(&opties, "cmdFotoProgramma")->click();
   opties.close();
   ZodraGeopend<QDialog>("18-info", [](QDialog* dialoog) { dialoog->accept(); });
   W<QAction>(&w, "mnuHelpInfo")->trigger();

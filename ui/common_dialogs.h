@@ -9,6 +9,7 @@
 
 #include <QColor>
 
+class QFileInfo;
 class QWidget;
 
 namespace kiekbord {
@@ -16,6 +17,10 @@ namespace kiekbord {
 // Puts a window in the middle of its screen's free area (the first time a
 // dialog shows, before a window manager might place it elsewhere).
 void CentreerOpScherm(QWidget& venster);
+
+// Whether the photo-program chooser lists `bestand`: a folder, or a file
+// that may be run.
+bool AlsProgrammaGetoond(const QFileInfo& bestand);
 
 class Dialogen {
  public:

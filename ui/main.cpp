@@ -2,8 +2,6 @@
 // then shows the main window and runs its first activation.
 
 #include <QApplication>
-#include <QLibraryInfo>
-#include <QLocale>
 #include <QStringList>
 #include <QTimer>
 #include <QTranslator>
@@ -14,6 +12,7 @@
 #include "app/program_settings.h"
 #include "base/dutch_date.h"
 #include "images/library_choice.h"
+#include "ui/application_setup.h"
 #include "ui/common_dialogs.h"
 #include "ui/desktop_services.h"
 #include "ui/instance_lock.h"
@@ -24,16 +23,9 @@
 int main(int argc, char** argv) {
   using namespace kiekbord;
   QApplication app(argc, argv);
-  QApplication::setApplicationName(QStringLiteral("kiekbord"));
-  QApplication::setApplicationDisplayName(QString::fromUtf8(kProgramTitle));
-  QApplication::setDesktopFileName(QStringLiteral("kiekbord"));
-
   // Qt's own dialogs (colours, files) speak Dutch, as the program does.
   QTranslator qt_vertaling;
-  if (qt_vertaling.load(QLocale(QLocale::Dutch, QLocale::Netherlands), QStringLiteral("qtbase"), QStringLiteral("_"),
-                        QLibraryInfo::path(QLibraryInfo::TranslationsPath))) {
-    QApplication::installTranslator(&qt_vertaling);
-  }
+  RichtToepassingIn(qt_vertaling);
 
   QtMeldingen meldingen;
   QtDialogen dialogen;

@@ -83,7 +83,7 @@ MainWindow::MainWindow(VensterDiensten diensten, QWidget* ouder)
   // item keeps its first caption until a step is shown.
   ToonStap();
   mnuHelpStap_->setText(QStringLiteral("Stap &1. Algemeen "));
-  resize(780, 580);
+  HerstelVensterplek(*this, *d_.opslag, 780, 580);
 }
 
 MainWindow::~MainWindow() = default;
@@ -325,6 +325,7 @@ void MainWindow::closeEvent(QCloseEvent* event) {
       return;
     }
   }
+  BewaarVensterplek(*this, *d_.opslag);
   event->accept();
 }
 
@@ -488,9 +489,8 @@ void MainWindow::FotoOmhoog() { fotos_->Omhoog(); }
 void MainWindow::FotoOmlaag() { fotos_->Omlaag(); }
 
 void MainWindow::FotoToevoegen() {
-  if (fotos_->Toevoegen(*d_.dialogen, *d_.meldingen, algemeen_->InvoerDir(), d_.settings.maximum_aantal)) {
-    Gewijzigd();
-  }
+  const bool toegevoegd = fotos_->Toevoegen(*d_.dialogen, *d_.meldingen, algemeen_->InvoerDir(), d_.settings.maximum_aantal);
+  if (toegevoegd) Gewijzigd();
 }
 
 void MainWindow::FotoVerwijderenTotaal() {

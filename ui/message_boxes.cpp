@@ -42,7 +42,7 @@ bool QtMeldingen::Vraag(QWidget* ouder, const Melding& melding) {
   box.setTextFormat(Qt::PlainText);
   QPushButton* ja = box.addButton(QStringLiteral("Ja"), QMessageBox::YesRole);
   QPushButton* nee = box.addButton(QStringLiteral("Nee"), QMessageBox::NoRole);
-  box.setDefaultButton(ja);
+  box.setDefaultButton(melding.nee_voorop ? nee : ja);
   box.setEscapeButton(nee);
   box.exec();
   return box.clickedButton() == ja;

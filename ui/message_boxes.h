@@ -18,7 +18,8 @@ class Meldingen {
   // Shows `melding` with an OK button.
   virtual void Toon(QWidget* ouder, const Melding& melding) = 0;
   // Asks `melding` with the buttons "Ja" and "Nee"; true for "Ja". Closing
-  // the box counts as "Nee".
+  // the box counts as "Nee". "Ja" is the default button, "Nee" when the
+  // melding says so (`nee_voorop`).
   virtual bool Vraag(QWidget* ouder, const Melding& melding) = 0;
 };
 

@@ -49,18 +49,18 @@ OptiesDialoog::OptiesDialoog(VoorkeurenOpslag& opslag, const ProgramSettings& se
 
   QGroupBox* fraBrowser = Frame("fraBrowser", QStringLiteral("Browser"), this);
   chkIEDynamischAanroepen_ = Benoemd(
-      new QCheckBox(QStringLiteral("Microsoft Internet Explorer dynamisch aanroepen"), fraBrowser),
+      new QCheckBox(QStringLiteral("&Microsoft Internet Explorer dynamisch aanroepen"), fraBrowser),
       "chkIEDynamischAanroepen");
   (new QVBoxLayout(fraBrowser))->addWidget(chkIEDynamischAanroepen_);
 
   QGroupBox* fraBeveiliging = Frame("fraBeveiliging", QStringLiteral("Beveiliging"), this);
   chkControlevraag_ =
-      Benoemd(new QCheckBox(QStringLiteral("Controlevraag stellen bij afsluiten "), fraBeveiliging), "chkControlevraag");
+      Benoemd(new QCheckBox(QStringLiteral("&Controlevraag stellen bij afsluiten "), fraBeveiliging), "chkControlevraag");
   (new QVBoxLayout(fraBeveiliging))->addWidget(chkControlevraag_);
 
   QGroupBox* fraFotosBewerken = Frame("fraFotosBewerken", QStringLiteral("Foto's bewerken"), this);
   chkBackupBijRoteren_ = Benoemd(
-      new QCheckBox(QStringLiteral("Backup maken van originele foto bij roteren en verkleinen"), fraFotosBewerken),
+      new QCheckBox(QStringLiteral("&Backup maken van originele foto bij roteren en verkleinen"), fraFotosBewerken),
       "chkBackupBijRoteren");
   lblFotoprogramma_ = Benoemd(new QLabel(QStringLiteral("Extern fotoprogramma"), fraFotosBewerken), "lblFotoprogramma");
   txtFotoProgramma_ = Benoemd(new QLineEdit(fraFotosBewerken), "txtFotoProgramma");
@@ -76,9 +76,9 @@ OptiesDialoog::OptiesDialoog(VoorkeurenOpslag& opslag, const ProgramSettings& se
 
   QGroupBox* fraScriptsOpslaan =
       Frame("fraScriptsOpslaan", QStringLiteral("Nieuwe scripts standaard opslaan in"), this);
-  optOpslaanUitvoer_ = Benoemd(new QRadioButton(QStringLiteral("Uitvoerdirectory"), fraScriptsOpslaan), "optOpslaanUitvoer");
+  optOpslaanUitvoer_ = Benoemd(new QRadioButton(QStringLiteral("&Uitvoerdirectory"), fraScriptsOpslaan), "optOpslaanUitvoer");
   optOpslaanLaatste_ =
-      Benoemd(new QRadioButton(QStringLiteral("Laatst gebruikte directory"), fraScriptsOpslaan), "optOpslaanLaatste");
+      Benoemd(new QRadioButton(QStringLiteral("&Laatst gebruikte directory"), fraScriptsOpslaan), "optOpslaanLaatste");
   auto* scripts = new QVBoxLayout(fraScriptsOpslaan);
   scripts->addWidget(optOpslaanUitvoer_);
   scripts->addWidget(optOpslaanLaatste_);

@@ -10,6 +10,7 @@
 #include <QVBoxLayout>
 
 #include "app/startup_checks.h"
+#include "editor/template_colours.h"
 #include "editor/wizard_rules.h"
 #include "ui/widget_helpers.h"
 
@@ -102,6 +103,7 @@ InstellingenPagina::InstellingenPagina(const ProgramSettings& settings, QWidget*
 
   connect(txtAantalFotosPerPagina, &QLineEdit::textChanged, this, &InstellingenPagina::Gewijzigd);
   connect(cboSjabloon, &QComboBox::currentIndexChanged, this, &InstellingenPagina::Gewijzigd);
+  connect(cboSjabloon, &QComboBox::currentIndexChanged, this, &InstellingenPagina::ToonKleuren);
   for (QComboBox* lijst : KeuzeLijsten()) {
     connect(lijst, &QComboBox::currentIndexChanged, this, &InstellingenPagina::Gewijzigd);
   }
@@ -120,7 +122,7 @@ void InstellingenPagina::ZetNieuw() {
   txtAantalFotosPerPagina->setText(Q(nieuw.aantal_fotos_per_pagina));
   const auto lijsten = KeuzeLijsten();
   for (std::size_t i = 0; i < kKeuzeVelden.size(); ++i) lijsten[i]->setCurrentIndex(nieuw.*kKeuzeVelden[i].index);
-  cboSjabloon->setCurrentIndex(cboSjabloon->count() > 0 ? 0 : -1);
+  cboSjabloon->setCurrentIndex(StandaardSjabloon(Sjablonen()));
   ToonKleuren();
 }
 
@@ -160,15 +162,17 @@ std::optional<Melding> InstellingenPagina::KiesKleur(KleurRol rol, std::int32_t 
   return std::nullopt;
 }
 
+// The samples show the colours as the chosen set puts them on the page.
 void InstellingenPagina::ToonKleuren() {
+  const VoorbeeldKleuren v = KleurenVanSet(settings_.sjabloon_dir, GekozenSjabloon(), kleuren_);
   const auto zet = [](QLabel* label, std::int32_t tekst, std::int32_t vulling) {
     QPalette palet = label->palette();
     palet.setColor(QPalette::WindowText, AlsQColor(tekst));
     palet.setColor(QPalette::Window, AlsQColor(vulling));
     label->setPalette(palet);
   };
-  zet(lblKleurVoorbeeld01, kleuren_.kleur_tekst_op_achtergrond, kleuren_.kleur_achtergrond);
-  zet(lblKleurVoorbeeld02, kleuren_.kleur_tekst_in_kader, kleuren_.kleur_kader);
+  zet(lblKleurVoorbeeld01, v.pagina_tekst, v.pagina_vulling);
+  zet(lblKleurVoorbeeld02, v.kader_tekst, v.kader_vulling);
 }
 
 }  // namespace kiekbord

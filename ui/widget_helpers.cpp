@@ -6,6 +6,8 @@
 #include <QLabel>
 #include <QMenu>
 
+#include "app/user_preferences.h"
+
 namespace kiekbord {
 
 QString Q(const std::string& tekst) { return QString::fromStdString(tekst); }
@@ -39,5 +41,16 @@ void VulKeuzes(QComboBox* lijst, std::span<const std::string_view> keuzes) {
 BezigAanwijzer::BezigAanwijzer() { QApplication::setOverrideCursor(Qt::WaitCursor); }
 
 BezigAanwijzer::~BezigAanwijzer() { QApplication::restoreOverrideCursor(); }
+
+void HerstelVensterplek(QWidget& venster, const VoorkeurenOpslag& opslag, int breedte, int hoogte) {
+  venster.resize(breedte, hoogte);
+  if (const std::optional<std::string> plek = opslag.Lees("Venster", "Geometrie")) {
+    venster.restoreGeometry(QByteArray::fromBase64(QByteArray::fromStdString(*plek)));
+  }
+}
+
+void BewaarVensterplek(const QWidget& venster, VoorkeurenOpslag& opslag) {
+  opslag.Schrijf("Venster", "Geometrie", venster.saveGeometry().toBase64().toStdString());
+}
 
 }  // namespace kiekbord

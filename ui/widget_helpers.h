@@ -18,6 +18,8 @@ class QWidget;
 
 namespace kiekbord {
 
+class VoorkeurenOpslag;
+
 QString Q(const std::string& tekst);
 QString Q(std::string_view tekst);
 std::string S(const QString& tekst);
@@ -43,6 +45,13 @@ QAction* Actie(QMenu* menu, const char* naam, const QString& tekst);
 QLabel* Bijschrift(const QString& tekst, QWidget* buddy, QWidget* ouder);
 
 void VulKeuzes(QComboBox* lijst, std::span<const std::string_view> keuzes);
+
+// The window's size, place and maximised state, kept in the settings store
+// as "Venster/Geometrie" when it closes and set again as it opens; a window
+// with none stored yet gets `breedte` x `hoogte`. Qt brings a place that is
+// off every screen now back onto one.
+void HerstelVensterplek(QWidget& venster, const VoorkeurenOpslag& opslag, int breedte, int hoogte);
+void BewaarVensterplek(const QWidget& venster, VoorkeurenOpslag& opslag);
 
 // Shows the busy pointer while it lives.
 class BezigAanwijzer {

@@ -19,6 +19,7 @@
 #include "editor/photo_list.h"
 #include "editor/resize_rules.h"
 #include "editor/script_commands.h"
+#include "editor/template_colours.h"
 #include "editor/wizard_rules.h"
 #include "images/photo_properties.h"
 #include "tests/support/fault_fs.h"
@@ -38,7 +39,7 @@ using Namen = std::vector<std::string>;
 using S = std::string;
 
 const char* const kSoorten[] = {"informatie", "vraag", "waarschuwing", "fout"};
-S M(const Melding& m) { return S(kSoorten[static_cast<int>(m.soort)]) + " " + m.tekst; }
+S M(const Melding& m) { return S(kSoorten[static_cast<int>(m.soort)]) + (m.nee_voorop ? " (nee voorop) " : " ") + m.tekst; }
 
 // The names of the flags that are on, "-" for none.
 S Aan(std::initializer_list<std::pair<const char*, bool>> vlaggen) {
@@ -168,6 +169,14 @@ TEST(EditorRules, TranscriptOfEveryRuleAndText) {
   ini.kleur_kader = "blauw";
   StandaardKleuren(ini, s);
   zet("StandaardKleuren 255 #0000FF x blauw", kleuren());
+  // The samples follow what a set's style sheet does with the colours.
+  for (const Namen& sets : {Namen{"Donker", "Klassiek"}, Namen{"Raster"}, Namen{}}) zet("StandaardSjabloon", N(StandaardSjabloon(sets)));
+  for (const S css : {"body {\ncolor: #[KIEKBORDVELD=KLEURACHTERGROND];\nbackground-color: #[KIEKBORDVELD=KLEURTEKST];\n}\n"
+                      "p { background-color: #[KIEKBORDVELD=KLEURACHTERGROND]; }\n/* x */ figcaption { background-color: "
+                      "#[KIEKBORDVELD=KLEURTEKSTINKADER]; color: #[KIEKBORDVELD=KLEURKADER]33; }", "body { color: #336699 }", ""}) {
+    const VoorbeeldKleuren v = KleurenVanSet(css, s);
+    zet("KleurenVanSet " + N(static_cast<int>(css.size())), N(v.pagina_tekst) + " op " + N(v.pagina_vulling) + ", " + N(v.kader_tekst) + " op " + N(v.kader_vulling));
+  }
   const auto opties = [&](const S& wat, const OptiesScherm& o) {
     zet(wat, Aan({{"ie", o.ie_dynamisch}, {"controlevraag", o.controlevraag}, {"backup", o.backup_bij_roteren},
                   {"laatste", o.opslaan_laatste}, {"ie aan", o.ie_dynamisch_aan}, {"programma aan", o.fotoprogramma_aan},

@@ -6,6 +6,7 @@
 #include "base/file_system.h"
 #include "editor/colour_choice.h"
 #include "tests/ui/window_fixture.h"
+#include "ui/application_setup.h"
 #include "ui/generation_progress.h"
 
 namespace kiekbord::test {
@@ -41,6 +42,9 @@ class MainWindowTest : public QObject {
     VergelijkMetGolden(&w, "stap2", o.basis);
     o.Klik("cmdVolgende");
     VergelijkMetGolden(&w, "stap3", o.basis);
+    o.W<QComboBox>("cboSjabloon")->setCurrentText(QStringLiteral("Donker"));  // it swaps the page pair
+    const QPalette donker = o.W<QLabel>("lblKleurVoorbeeld01")->palette();
+    QCOMPARE(donker.color(QPalette::WindowText).name() + donker.color(QPalette::Window).name(), "#ffffff#0000ff");
     o.Actie("mnuHelpStap")->trigger();
     QDir(QString::fromStdString(o.basis + "uit")).removeRecursively();  // Previous checks nothing
     for (int i = 0; i < 2; ++i) o.Klik("cmdVorige");
@@ -157,8 +161,24 @@ class MainWindowTest : public QObject {
       o.W<QMenu>("mnuKleurGebruik")->close();
     });
     o.Klik("cmdKleurGebruik");
+    w.resize(700, 500);
     QVERIFY(o.Sluit());
     o.VergelijkVerslag("verloop_kleuren");
+    Opstelling weer;  // the size comes back
+    weer.waarden = o.waarden;
+    QCOMPARE(weer.Start().size(), QSize(700, 500));
+  }
+
+  void qtInDutchAndProgramChooser() {
+    QTranslator vertaling;
+    QVERIFY(RichtToepassingIn(vertaling));
+    QCOMPARE(QApplication::applicationDisplayName() + " " + QLocale().monthName(3) + " " +
+                 QCoreApplication::translate("QFileDialog", "Directory:"), "kiekbord maart Map:");
+    QTemporaryDir map;
+    QFile programma(map.filePath("gimp")), tekst(map.filePath("leesmij"));
+    QVERIFY(programma.open(QIODevice::WriteOnly) && tekst.open(QIODevice::WriteOnly));
+    QVERIFY(programma.setPermissions(QFile::ReadOwner | QFile::ExeOwner));
+    QCOMPARE(QList({AlsProgrammaGetoond(QFileInfo(map.path())), AlsProgrammaGetoond(QFileInfo(programma)), AlsProgrammaGetoond(QFileInfo(tekst))}), QList({true, true, false}));
   }
 
   void activationChecksAndCommandLine() {

@@ -50,7 +50,9 @@ struct Opname : Meldingen, Dialogen, Bureaublad, VoorkeurenOpslag {
   static std::string Soort(const Melding& m) { return std::array{"informatie", "vraag", "waarschuwing", "fout"}[static_cast<int>(m.soort)]; }
 
   void Toon(QWidget*, const Melding& m) override { Zie("toon (" + Soort(m) + ") " + m.tekst); }
-  bool Vraag(QWidget*, const Melding& m) override { return Antwoord("vraag (" + Soort(m) + ") " + m.tekst) == "ja"; }
+  bool Vraag(QWidget*, const Melding& m) override {
+    return Antwoord("vraag (" + Soort(m) + (m.nee_voorop ? ", Nee voorop" : "") + ") " + m.tekst) == "ja";
+  }
   std::string ScriptOpenen(QWidget*, const std::string& map) override { return Antwoord("script openen in " + map); }
   std::string ScriptOpslaanAls(QWidget*, const std::string& map, const std::string& naam) override { return Antwoord("script opslaan als " + map + naam); }
   std::string MapKiezen(QWidget*, const std::string& titel, const std::string& map) override { return Antwoord("map kiezen: " + titel + ": " + map); }
@@ -80,7 +82,8 @@ struct Opname : Meldingen, Dialogen, Bureaublad, VoorkeurenOpslag {
   }
   void Schrijf(std::string_view sectie, std::string_view sleutel, std::string_view waarde) override {
     const std::string naam = std::string(sectie) + "/" + std::string(sleutel);
-    Zie("opslaan " + naam + "=" + std::string(waarde));
+    // The window's geometry is stored on every close; its own test reads it back.
+    if (sectie != "Venster") Zie("opslaan " + naam + "=" + std::string(waarde));
     waarden[naam] = std::string(waarde);
   }
 };
