@@ -52,15 +52,13 @@ std::string Lines(const LineTable& table) {
 // Lines are without line ends, valid UTF-8, and counted right; lines of a
 // keyed text file are trimmed, those of a template never empty.
 std::string CheckLines(const LineTable& table, bool keyed, bool keep_empty = false) {
-  if (table.CountSlot() != std::to_string(table.Count())) return "count slot \"" + table.CountSlot() + "\"";
+  bool clean = table.CountSlot() == std::to_string(table.Count());
   for (int i = 1; i <= table.Count(); ++i) {
     const std::string& line = table.Line(i);
-    if (line.find_first_of("\r\n") != std::string::npos || (line.empty() && !keep_empty) ||
-        (keyed && !line.empty() && (line.front() == ' ' || line.back() == ' ')) || !IsValidUtf8(line)) {
-      return "line " + std::to_string(i) + " is not a clean line";
-    }
+    clean = clean && line.find_first_of("\r\n") == std::string::npos && (keep_empty || !line.empty()) &&
+            !(keyed && !line.empty() && (line.front() == ' ' || line.back() == ' ')) && IsValidUtf8(line);
   }
-  return "";
+  return clean ? "" : "the lines are not clean or not counted right";
 }
 
 // A thumbnail has the size the rule gives for the photo's

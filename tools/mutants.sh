@@ -24,6 +24,9 @@ MUTANTS=(
   "gallery/gallery_script.cpp|s/std::snprintf(buffer, sizeof buffer, \"Foto%03lld\", nummer);/std::snprintf(buffer, sizeof buffer, \"Foto%lld\", nummer);/|photo section names"
   "base/status.cpp|s/case ENOSPC:/case ENOSPC + 1000:/|disk full error number"
   "editor/photo_list.cpp|s/k.omhoog = foto \\&\\& \\*foto > 0;/k.omhoog = foto.has_value();/|move up on the first photo"
+  "base/text_helpers.cpp|s/case '\"': result += \"\\&quot;\"; break;/case '\"': result += c; break;/|double quote in an attribute"
+  "generator/generation_run.cpp|s/if (!IsPlainName(naam)) {/if (false) {/|photo names that leave the output folder"
+  "base/file_system.cpp|s/while (::flock(fd.get(), LOCK_EX | LOCK_NB) != 0) {/while (false) {/|one run per output folder"
 )
 
 scratch=${1:-$(mktemp -d)}

@@ -58,15 +58,20 @@ std::string EffenJpeg(int breedte, int hoogte, Rgb kleur, JpegOpties opties) {
   return MaakJpeg(breedte, hoogte, [kleur](int, int) { return kleur; }, opties);
 }
 
+namespace {
+
+std::string Kort(int waarde) { return {static_cast<char>(waarde >> 8), static_cast<char>(waarde & 0xFF)}; }
+
+// A baseline JPEG whose frame header claims breedte x hoogte pixels and whose
+// scan holds no data at all: a header from a damaged or hostile file.
 std::string KaleKop(int breedte, int hoogte) {
   std::string jpeg = EffenJpeg(8, 8);
-  const auto sof = jpeg.find("\xFF\xC0");
-  const char maat[] = {static_cast<char>(hoogte >> 8), static_cast<char>(hoogte), static_cast<char>(breedte >> 8),
-                       static_cast<char>(breedte)};
-  jpeg.replace(sof + 5, 4, maat, 4);
+  jpeg.replace(jpeg.find("\xFF\xC0") + 5, 4, Kort(hoogte) + Kort(breedte));
   const auto sos = jpeg.find("\xFF\xDA");
   return jpeg.substr(0, sos + 2 + static_cast<unsigned char>(jpeg[sos + 2]) * 256u + static_cast<unsigned char>(jpeg[sos + 3]));
 }
+
+}  // namespace
 
 std::pair<int, int> Maat(const std::string& tekst) {
   const auto x = tekst.find('x');
@@ -74,8 +79,7 @@ std::pair<int, int> Maat(const std::string& tekst) {
 }
 
 std::string Segment(int marker, const std::string& inhoud) {
-  const std::size_t lengte = inhoud.size() + 2;
-  return std::string{'\xFF', static_cast<char>(marker), static_cast<char>(lengte >> 8), static_cast<char>(lengte)} + inhoud;
+  return std::string{'\xFF', static_cast<char>(marker)} + Kort(static_cast<int>(inhoud.size()) + 2) + inhoud;
 }
 
 std::string MaakFoto(const std::string& beschrijving) {
@@ -90,19 +94,18 @@ std::string MaakFoto(const std::string& beschrijving) {
   const auto met = [&](const char* optie) { return beschrijving.find(optie) != std::string::npos; };
   if (met(",kop")) return KaleKop(breedte, hoogte);
   if (met(",camera")) return CameraJpeg(breedte, hoogte);
-  if (met(",half")) {
-    const std::string heel = MaakJpeg(breedte, hoogte, [](int x, int y) { return Rgb{x % 256, y % 256, 90}; });
-    return heel.substr(0, heel.size() / 2);
-  }
   using enum JpegOpties::Soort;
   const JpegOpties opties{.progressief = met(",progressief"), .soort = met(",grijs") ? kGrijs : met(",cmyk") ? kCmyk : kKleur,
                           .herstel = met(",herstel") ? 1 : 0};
-  const std::string jpeg = EffenJpeg(breedte, hoogte, {200, 120, 40}, opties);
-  std::string voor;  // segments between the start marker and the rest
+  std::string foto = met(",half") ? MaakJpeg(breedte, hoogte, [](int x, int y) { return Rgb{x % 256, y % 256, 90}; })
+                                  : EffenJpeg(breedte, hoogte, {200, 120, 40}, opties);
   // APP1 "Exif", a big-endian TIFF header and one entry: orientation 6, turn a quarter right.
-  if (met(",exif6")) voor = Segment(0xE1, std::string("Exif\0\0MM\0*\0\0\0\x08\0\x01\x01\x12\0\x03\0\0\0\x01\0\x06\0\0\0\0\0\0", 32));
-  for (int i = 0; met(",app") && i < 5; ++i) voor += Segment(0xE2, std::string(59998, 'x'));
-  const std::string foto = jpeg.substr(0, 2) + voor + jpeg.substr(2) + (met(",rommel") ? std::string(5000, 'x') : "");
+  if (met(",exif6")) {
+    foto.insert(2, Segment(0xE1, std::string("Exif\0\0MM\0*\0\0\0\x08\0\x01\x01\x12\0\x03\0\0\0\x01\0\x06\0\0\0\0\0\0", 32)));
+  }
+  for (int i = 0; met(",app") && i < 5; ++i) foto.insert(2, Segment(0xE2, std::string(59998, 'x')));
+  if (met(",rommel")) foto += std::string(5000, 'x');
+  if (met(",half")) foto.resize(foto.size() / 2);
   return met(",kort") ? foto.substr(0, 3000) : foto;
 }
 
@@ -160,8 +163,6 @@ void ZetVeld(ExifData* data, ExifIfd ifd, ExifTag tag, ExifFormat formaat, std::
   exif_content_add_entry(data->ifd[ifd], veld);
   exif_entry_unref(veld);
 }
-
-std::string Kort(int waarde) { return {static_cast<char>(waarde >> 8), static_cast<char>(waarde & 0xFF)}; }
 
 }  // namespace
 

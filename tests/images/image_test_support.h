@@ -44,7 +44,8 @@ std::string Segment(int marker, const std::string& inhoud);
 // ",app" (300000 bytes of APP2 segments in front of the frame header),
 // ",kort" (only the first 3000 bytes), ",camera" (camera data in front),
 // ",rommel" (junk after the end), ",half" (the first half of a gradient) or
-// ",kop" (only the header, see KaleKop); or "ruit" (301 x 200, red on even
+// ",kop" (only the header: the frame header claims the size, the scan holds
+// no data); or "ruit" (301 x 200, red on even
 // rows and columns, blue elsewhere), "png" (a PNG signature), "kaal" (only
 // start and end markers) or "leeg".
 std::string MaakFoto(const std::string& beschrijving);
@@ -59,10 +60,6 @@ Inhoud InhoudVan(const std::string& map);
 
 // "W" and "H" of "WxH".
 std::pair<int, int> Maat(const std::string& tekst);
-
-// A baseline JPEG whose frame header claims breedte x hoogte pixels and
-// whose scan holds no data at all: a header from a damaged or hostile file.
-std::string KaleKop(int breedte, int hoogte);
 
 struct Beeld {
   int breedte = 0;

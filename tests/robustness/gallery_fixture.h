@@ -4,7 +4,7 @@
 // names them, run through the whole generation.
 #pragma once
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -45,10 +45,9 @@ inline int KiekbordMaak(const std::string& map, const std::string& script, const
   });
 }
 
-// What a script of Robuustheid::SchrijfScript holds; without names, the
-// fixture's photos.
+// What a script of Robuustheid::SchrijfScript holds.
 struct ScriptOpties {
-  std::vector<std::string> namen{};
+  std::vector<std::string> namen{"duin.jpg", "strand.jpg", "zee.jpg"};  // the fixture's photos
   std::vector<std::string> bijschriften{};  // "Foto" for every photo without one
   std::string sjabloon = "Klassiek";
   std::string uit{};  // the fixture's output folder when empty
@@ -72,9 +71,6 @@ class Robuustheid : public ::testing::Test, public FoutMelder {
   std::string Script() const { return dir_ / "galerie.kbs"; }
 
   void SchrijfScript(ScriptOpties o = {}) {
-    if (o.namen.empty()) {
-      for (const auto& [naam, bytes] : fotos_) o.namen.push_back(naam);
-    }
     o.bijschriften.resize(o.namen.size(), "Foto");
     std::string script = "[Algemeen]\r\nUitvoerDir=" + (o.uit.empty() ? Uit() : o.uit) + "\r\n" + o.algemeen +
                          "AantalFotos=" + std::to_string(o.namen.size()) + "\r\n";
@@ -90,9 +86,7 @@ class Robuustheid : public ::testing::Test, public FoutMelder {
     const ProgramSettings settings = LeesProgrammaInstellingen(Programma(), dir_.path());
     GenerationLog run_log([this](const std::string& regel) { log_.push_back(regel); });
     SiteOmgeving omgeving(settings, run_log, *this);
-    omgeving.steps = StandaardStappen([] {
-      return std::chrono::year_month_day{std::chrono::year{2026}, std::chrono::month{11}, std::chrono::day{21}};
-    });
+    omgeving.steps = StandaardStappen([] { return std::chrono::year{2026} / 11 / 21; });
     return MaakSite(Script(), omgeving);
   }
 

@@ -2,8 +2,6 @@
 // header far into the file or none at all. Their thumbnails and the
 // messages of photos without anything to decode are rows of
 // tests/data/images/thumbnails.txt.
-#include <gmock/gmock.h>
-
 #include "images/ijl_library.h"
 #include "images/photo_properties.h"
 #include "images/pixel_edit.h"

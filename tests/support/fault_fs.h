@@ -28,7 +28,8 @@ class FoutenSchijf : public ForwardingFileSystem {
     kTijd = 256,         // SetModificationTime
   };
 
-  FoutenSchijf() : ForwardingFileSystem(LocalFileSystem()) {}
+  using Basis = ForwardingFileSystem;
+  FoutenSchijf() : Basis(LocalFileSystem()) {}
 
   // Every call of a kind in `soorten` whose path matches `patroon` (the whole
   // path, "*" and "?", case-insensitive) fails with error `fout`, except the
@@ -38,17 +39,31 @@ class FoutenSchijf : public ForwardingFileSystem {
   // Called for every call, before it is forwarded or failed.
   std::function<void(Soort, const std::string&)> bij_aanroep;
 
-  Status ReadFile(const std::string& p, std::string& c, std::int64_t max) override;
-  Status WriteFile(const std::string& p, std::string_view c) override;
+  Status ReadFile(const std::string& p, std::string& c, std::int64_t max) override {
+    return Of(kLezen, p, [&] { return Basis::ReadFile(p, c, max); });
+  }
+  Status WriteFile(const std::string& p, std::string_view c) override {
+    return Of(kSchrijven, p, [&] { return Basis::WriteFile(p, c); });
+  }
   Status NewAppendFile(const std::string& p, std::unique_ptr<AppendFile>& file) override;
-  bool FileExists(const std::string& p) override;
-  bool DirectoryExists(const std::string& p) override;
-  Status GetFileInfo(const std::string& p, FileInfo& info) override;
-  Status SetModificationTime(const std::string& p, std::int64_t ns) override;
-  Status ListFiles(const std::string& d, const std::string& pat, std::vector<std::string>& n) override;
-  Status DeleteFile(const std::string& p) override;
-  Status RenameFile(const std::string& from, const std::string& to) override;
-  Status CreateDirectory(const std::string& p) override;
+  bool FileExists(const std::string& p) override { return Fout(kInfo, p) == 0 && Basis::FileExists(p); }
+  bool DirectoryExists(const std::string& p) override { return Fout(kInfo, p) == 0 && Basis::DirectoryExists(p); }
+  Status GetFileInfo(const std::string& p, FileInfo& info) override {
+    return Of(kInfo, p, [&] { return Basis::GetFileInfo(p, info); });
+  }
+  Status SetModificationTime(const std::string& p, std::int64_t ns) override {
+    return Of(kTijd, p, [&] { return Basis::SetModificationTime(p, ns); });
+  }
+  Status ListFiles(const std::string& d, const std::string& pat, std::vector<std::string>& n) override {
+    return Of(kLijst, WithTrailingSlash(d), [&] { return Basis::ListFiles(d, pat, n); });
+  }
+  Status DeleteFile(const std::string& p) override { return Of(kVerwijderen, p, [&] { return Basis::DeleteFile(p); }); }
+  Status RenameFile(const std::string& from, const std::string& to) override {
+    return Of(kHernoemen, from, [&] { return Basis::RenameFile(from, to); });
+  }
+  Status CreateDirectory(const std::string& p) override {
+    return Of(kMap, p, [&] { return Basis::CreateDirectory(p); });
+  }
 
   // The error for this call, or 0 when it goes through.
   int Fout(Soort soort, const std::string& path);
@@ -59,12 +74,7 @@ class FoutenSchijf : public ForwardingFileSystem {
   }
 
  private:
-  struct Regel {
-    unsigned soorten;
-    std::string patroon;
-    int fout;
-    int na;
-  };
+  struct Regel { unsigned soorten; std::string patroon; int fout; int na; };
   std::mutex mutex_;
   std::vector<Regel> regels_;
 };

@@ -30,18 +30,16 @@ void KopieerMap(const std::string& from, const std::string& to) {
   const std::string verwachte_tekst = VulPlaatshouders(ReadBytes(verwacht), plaatshouders);
   const std::string gemaakte_tekst = ReadBytes(gemaakt);
   if (verwachte_tekst == gemaakte_tekst) return ::testing::AssertionSuccess();
-
-  // The first line that differs, its line end shown.
-  const auto verschil = std::mismatch(verwachte_tekst.begin(), verwachte_tekst.end(), gemaakte_tekst.begin(),
-                                      gemaakte_tekst.end());
-  const std::size_t plek = verschil.first - verwachte_tekst.begin();
-  const std::size_t begin = plek == 0 ? 0 : verwachte_tekst.rfind('\n', plek - 1) + 1;
+  // The first line that differs, a carriage return shown as "\r".
+  const std::string gelijk = verwachte_tekst.substr(
+      0, std::ranges::mismatch(verwachte_tekst, gemaakte_tekst).in1 - verwachte_tekst.begin());
+  const std::size_t begin = gelijk.rfind('\n') + 1;  // 0 on the first line
   const auto regel = [begin](const std::string& tekst) {
     const std::string rest = begin < tekst.size() ? tekst.substr(begin, tekst.find('\n', begin) - begin) : "(einde)";
     return rest.ends_with('\r') ? rest.substr(0, rest.size() - 1) + "\\r" : rest;
   };
   return ::testing::AssertionFailure() << gemaakt << " wijkt af van " << verwacht << " op regel "
-                                       << std::count(verwachte_tekst.begin(), verschil.first, '\n') + 1
+                                       << std::ranges::count(gelijk, '\n') + 1
                                        << ":\n  verwacht: " << regel(verwachte_tekst)
                                        << "\n  gemaakt:  " << regel(gemaakte_tekst);
 }

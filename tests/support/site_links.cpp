@@ -1,7 +1,6 @@
 #include "tests/support/site_links.h"
 
 #include <algorithm>
-#include <cctype>
 #include <filesystem>
 #include <map>
 #include <regex>
@@ -29,11 +28,7 @@ std::string ZonderCommentaarEnScripts(std::string tekst) {
   return tekst;
 }
 
-struct Attribuut {
-  std::string tag;
-  std::string naam;
-  std::string waarde;
-};
+struct Attribuut { std::string tag, naam, waarde; };
 
 // Every attribute of every tag, names in lower case, values unquoted.
 std::vector<Attribuut> Attributen(const std::string& pagina) {
@@ -65,25 +60,23 @@ std::vector<std::string> Links(const std::string& naam, const std::string& tekst
         a.tag == "option" && a.naam == "value" && Lower(a.waarde).find(".htm") != std::string::npos;
     if (a.naam == "href" || a.naam == "src" || pagina_keuze) links.push_back(a.waarde);
     // A button: onClick="self.location.href='kbovz.html';".
-    if (const std::size_t begin = a.waarde.find("location.href='"); begin != std::string::npos) {
-      const std::size_t start = begin + 15;
-      links.push_back(a.waarde.substr(start, a.waarde.find('\'', start) - start));
-    }
+    static const std::regex kKnop(R"(location\.href='([^']*))");
+    if (std::smatch knop; std::regex_search(a.waarde, knop, kKnop)) links.push_back(knop[1]);
   }
   return links;
 }
 
 bool HeeftSchema(const std::string& link) {
-  const std::size_t dubbele_punt = link.find(':');
-  return link.starts_with("//") || (dubbele_punt != std::string::npos && link.find_first_of("/#?") > dubbele_punt);
+  static const std::regex kSchema("^(//|[^/#?]*:)");  // the first ":" before any "/", "#" or "?"
+  return std::regex_search(link, kSchema);
 }
 
 // "%22" and the like back to the bytes they stand for, as a browser does.
 std::string ProcentGedecodeerd(std::string link) {
   for (std::size_t i = 0; (i = link.find('%', i)) != std::string::npos; ++i) {
-    if (i + 2 < link.size() && std::isxdigit(static_cast<unsigned char>(link[i + 1])) &&
-        std::isxdigit(static_cast<unsigned char>(link[i + 2]))) {
-      link.replace(i, 3, 1, static_cast<char>(std::stoi(link.substr(i + 1, 2), nullptr, 16)));
+    const std::string hex = link.substr(i + 1, 2);
+    if (hex.size() == 2 && hex.find_first_not_of("0123456789abcdefABCDEF") == std::string::npos) {
+      link.replace(i, 3, 1, static_cast<char>(std::stoi(hex, nullptr, 16)));
     }
   }
   return link;

@@ -4,7 +4,10 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <iterator>
 #include <sstream>
+
+#include "tests/support/golden.h"
 
 namespace kiekbord::test {
 
@@ -26,9 +29,7 @@ TempDir::~TempDir() {
 
 std::string ReadBytes(const std::string& path) {
   std::ifstream in(path, std::ios::binary);
-  std::ostringstream out;
-  out << in.rdbuf();
-  return out.str();
+  return {std::istreambuf_iterator<char>(in), {}};
 }
 
 void WriteBytes(const std::string& path, std::string_view bytes) {
@@ -54,10 +55,8 @@ std::vector<std::vector<std::string>> Tabelrijen(const std::string& path) {
   std::istringstream regels(ReadBytes(path));
   for (std::string regel; std::getline(regels, regel);) {
     if (regel.empty() || regel[0] == '#') continue;
-    for (const auto& [teken, wordt] : {std::pair{"\\n", "\n"}, std::pair{"\\r", "\r"}}) {
-      for (std::size_t pos; (pos = regel.find(teken)) != std::string::npos;) regel.replace(pos, 2, wordt);
-    }
-    std::istringstream velden(regel + "|");  // the "|" ends the last field, even an empty one
+    // The "|" ends the last field, even an empty one.
+    std::istringstream velden(VulPlaatshouders(regel, {{"\\n", "\n"}, {"\\r", "\r"}}) + "|");
     std::vector<std::string>& rij = rijen.emplace_back();
     for (std::string veld; std::getline(velden, veld, '|');) rij.push_back(veld);
   }

@@ -6,13 +6,9 @@
 #include <QtWidgets>
 
 #include <array>
-#include <chrono>
 #include <deque>
-#include <functional>
 #include <map>
-#include <memory>
 
-#include "app/program_settings.h"
 #include "base/text.h"
 #include "base/text_helpers.h"
 #include "tests/support/golden.h"
@@ -34,7 +30,8 @@ struct Opname : Meldingen, Dialogen, Bureaublad, VoorkeurenOpslag {
   std::deque<std::string> antwoorden;
   QStringList regels;
   Opname* verslag = this;
-  std::map<std::string, std::string> waarden;  // "Sectie/Sleutel" -> value
+  // "Sectie/Sleutel" -> value; closing asks nothing unless a test turns the question on.
+  std::map<std::string, std::string> waarden{{"Exit/Question", "0"}};
 
   void Zie(QString regel) {
     regel.replace(QLatin1String("\r\n"), QLatin1String("\\n")).replace(QLatin1Char('\n'), QLatin1String("\\n"));
@@ -98,23 +95,15 @@ inline void VergelijkTekst(const QStringList& tekst, const std::string& golden, 
   QVERIFY2(gelijk, gelijk.message());
 }
 
+// A colour sample's colours: "<text> op <background>".
+inline QString Kleuren(const QLabel* l) {
+  return l->palette().color(QPalette::WindowText).name() + " op " + l->palette().color(QPalette::Window).name();
+}
+
 inline QStringList Items(const QListWidget* lijst) {
   QStringList items;
   for (int i = 0; i < lijst->count(); ++i) items << lijst->item(i)->text();
   return items;
-}
-
-// The access keys that two visible controls, or two menus, of `venster` share.
-inline QStringList DubbeleToetsen(QWidget* venster) {
-  QStringList gezien, dubbel;
-  for (QWidget* w : venster->findChildren<QWidget*>()) {
-    auto* menu = qobject_cast<QMenu*>(w);
-    const bool zichtbaar = w->isVisibleTo(venster) && (qobject_cast<QAbstractButton*>(w) || qobject_cast<QLabel*>(w));
-    const QString toets = QKeySequence::mnemonic(menu ? menu->title() : w->property("text").toString()).toString();
-    if ((menu || zichtbaar) && !toets.isEmpty() && gezien.contains(toets)) dubbel << toets;
-    if (menu || zichtbaar) gezien << toets;
-  }
-  return dubbel;
 }
 
 // What `venster` and its controls show, one sorted line each: "name: text",
@@ -124,7 +113,7 @@ inline QStringList DubbeleToetsen(QWidget* venster) {
 // Tab order of the visible controls and any access key used twice. Compared
 // whole with tests/data/ui/<golden>.txt.
 inline void VergelijkMetGolden(QWidget* venster, const std::string& golden, const std::string& basis) {
-  QStringList regels{QStringLiteral("(titel): ") + venster->windowTitle(), "(toetsen dubbel): " + DubbeleToetsen(venster).join(' ')};
+  QStringList regels{QStringLiteral("(titel): ") + venster->windowTitle()}, gezien, dubbel;
   QString tab = QStringLiteral("(tab):");
   for (QWidget* w = venster->nextInFocusChain(); w != venster; w = w->nextInFocusChain()) {
     if (w->isVisibleTo(venster) && (w->focusPolicy() & Qt::TabFocus) && !w->objectName().isEmpty()) tab += " " + w->objectName();
@@ -134,17 +123,23 @@ inline void VergelijkMetGolden(QWidget* venster, const std::string& golden, cons
     QString naam = o->objectName(), tekst;
     auto* w = qobject_cast<QWidget*>(o);
     auto* l = qobject_cast<QLabel*>(o);
+    auto* m = qobject_cast<QMenu*>(o);
+    if (m || (w && w->isVisibleTo(venster) && (l || qobject_cast<QAbstractButton*>(o)))) {  // an access key
+      const QString toets = QKeySequence::mnemonic(m ? m->title() : o->property("text").toString()).toString();
+      if (!toets.isEmpty() && gezien.contains(toets)) dubbel << toets;
+      gezien << toets;
+    }
     if (naam.startsWith(QLatin1String("qt_")) || naam == QLatin1String("imgFoto")) continue;
     if (naam.isEmpty()) naam = l && l->buddy() ? l->buddy()->objectName() + ".label" : "-";
     if (auto* a = qobject_cast<QAction*>(o); a && !o->objectName().isEmpty()) {
       tekst = a->text() + (a->isEnabled() ? "" : " (uit)") + (a->isVisible() ? "" : " (verborgen)");
-    } else if (auto* m = qobject_cast<QMenu*>(o)) {
+    } else if (m) {
       for (QAction* a : m->actions()) tekst += " " + (a->isSeparator() ? QStringLiteral("-") : a->objectName());
       tekst = m->title() + " [" + tekst + " ]" + (m->menuAction()->isEnabled() ? "" : " (uit)");
       w = nullptr;
     } else if (auto* g = qobject_cast<QGroupBox*>(o)) tekst = g->title();
     else if (auto* b = qobject_cast<QAbstractButton*>(o)) tekst = b->text() + (b->isChecked() ? " [x]" : "");
-    else if (l && l->autoFillBackground()) tekst = l->text() + " (" + l->palette().color(QPalette::WindowText).name() + " op " + l->palette().color(QPalette::Window).name() + ")";
+    else if (l && l->autoFillBackground()) tekst = l->text() + " (" + Kleuren(l) + ")";
     else if (l) tekst = l->text();
     else if (auto* e = qobject_cast<QLineEdit*>(o)) tekst = "'" + e->text() + "'" + (e->isReadOnly() ? " (alleen lezen)" : "");
     else if (auto* e = qobject_cast<QPlainTextEdit*>(o)) tekst = "'" + e->toPlainText() + "'";
@@ -157,6 +152,7 @@ inline void VergelijkMetGolden(QWidget* venster, const std::string& golden, cons
     if (w && !w->toolTip().isEmpty()) tekst += " (tip: " + w->toolTip() + ")";
     regels << naam + ": " + tekst.replace(QLatin1Char('\n'), QLatin1String("\\n"));
   }
+  regels << "(toetsen dubbel): " + dubbel.join(' ');
   regels.sort();
   VergelijkTekst(regels, golden, basis);
 }
@@ -181,8 +177,8 @@ struct Opstelling : Opname {
                            [] { return std::chrono::year_month_day{std::chrono::year{2026}, std::chrono::month{11}, std::chrono::day{21}}; }, {}};
   std::unique_ptr<MainWindow> venster;
 
-  // Closing asks nothing unless a test turns the question on.
-  Opstelling() { waarden["Exit/Question"] = "0"; }
+  // No box, dialog or menu may be left open.
+  ~Opstelling() { QTRY_VERIFY(!QApplication::activeModalWidget() && !QApplication::activePopupWidget()); }
 
   MainWindow& Start() {
     diensten.settings = settings;
@@ -232,9 +228,11 @@ struct Opstelling : Opname {
     Typ("txtUitvoerDir", uit);
     Klik("cmdVolgende");
   }
-  bool Sluit() { return venster->close(); }  // true when it closed
-  // The transcript compared whole with tests/data/ui/<golden>.txt.
-  void VergelijkVerslag(const std::string& golden) {
+  void Sluit() { Zie(QString(venster->close() ? "gesloten" : "blijft open")); }
+  // Closes the window if it is still open and compares the transcript whole
+  // with tests/data/ui/<golden>.txt.
+  void Einde(const std::string& golden) {
+    if (venster && venster->isVisible()) Sluit();
     VergelijkTekst(regels, golden, basis);
   }
 };
