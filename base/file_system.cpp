@@ -56,6 +56,22 @@ Status WriteAll(int fd, std::string_view data) {
   return Status::Ok();
 }
 
+// A descriptor of the file at `path` open for reading, or -1 with `status`
+// set; a directory is refused as a path/file access error.
+int OpenForReading(const std::string& path, Status& status) {
+  Descriptor fd(::open(path.c_str(), O_RDONLY | O_CLOEXEC));
+  struct stat st {};
+  if (!fd.valid() || ::fstat(fd.get(), &st) != 0) {
+    status = Status::FromErrno(errno);
+    return -1;
+  }
+  if (S_ISDIR(st.st_mode)) {
+    status = Status::Error(fout::kPathFileAccess);
+    return -1;
+  }
+  return fd.Release();
+}
+
 std::string TemporaryNameFor(const std::string& path) {
   static std::atomic<unsigned> counter{0};
   return path + ".kbtmp" + std::to_string(::getpid()) + "-" + std::to_string(counter++);
@@ -92,11 +108,9 @@ class DiskFileSystem : public FileSystem {
   Status ReadFilePart(const std::string& path, std::int64_t offset, std::int64_t max_bytes,
                       std::string& contents) override {
     contents.clear();
-    Descriptor fd(::open(path.c_str(), O_RDONLY | O_CLOEXEC));
-    if (!fd.valid()) return Status::FromErrno(errno);
-    struct stat st {};
-    if (::fstat(fd.get(), &st) != 0) return Status::FromErrno(errno);
-    if (S_ISDIR(st.st_mode)) return Status::Error(fout::kPathFileAccess);
+    Status opened;
+    Descriptor fd(OpenForReading(path, opened));
+    if (!fd.valid()) return opened;
     contents.resize(static_cast<std::size_t>(std::max<std::int64_t>(max_bytes, 0)));
     std::size_t got_total = 0;
     while (got_total < contents.size()) {
@@ -132,11 +146,9 @@ class DiskFileSystem : public FileSystem {
 
   Status ReadFile(const std::string& path, std::string& contents, std::int64_t max_bytes) override {
     contents.clear();
-    Descriptor fd(::open(path.c_str(), O_RDONLY | O_CLOEXEC));
-    if (!fd.valid()) return Status::FromErrno(errno);
-    struct stat st {};
-    if (::fstat(fd.get(), &st) != 0) return Status::FromErrno(errno);
-    if (S_ISDIR(st.st_mode)) return Status::Error(fout::kPathFileAccess);
+    Status opened;
+    Descriptor fd(OpenForReading(path, opened));
+    if (!fd.valid()) return opened;
     char buffer[65536];
     while (max_bytes < 0 || static_cast<std::int64_t>(contents.size()) < max_bytes) {
       std::size_t want = sizeof buffer;
