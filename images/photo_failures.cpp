@@ -3,35 +3,21 @@
 #include <array>
 
 #include "base/text.h"
+#include "images/jpeg_segments.h"
 
 namespace kiekbord {
 namespace {
 
 enum class Gebrek { kGeen, kGeenJpeg, kGeenBeeld, kOnvolledig };
 
-unsigned Byte(std::string_view jpeg, std::size_t pos) { return static_cast<unsigned char>(jpeg[pos]); }
-
 // Walks the segments as a decoder does, up to the start of the image data.
 Gebrek GebrekVan(std::string_view jpeg) {
-  if (jpeg.size() < 2 || Byte(jpeg, 0) != 0xFF || Byte(jpeg, 1) != 0xD8) return Gebrek::kGeenJpeg;
-  std::size_t pos = 2;
-  while (pos + 1 < jpeg.size()) {
-    // A decoder passes over stray bytes and fill bytes before a marker.
-    if (Byte(jpeg, pos) != 0xFF || Byte(jpeg, pos + 1) == 0xFF) {
-      ++pos;
-      continue;
-    }
-    const unsigned marker = Byte(jpeg, pos + 1);
-    if (marker == 0xDA) return Gebrek::kGeen;
-    if (marker == 0xD9) return Gebrek::kGeenBeeld;
-    if (marker == 0x01 || (marker >= 0xD0 && marker <= 0xD8)) {
-      pos += 2;
-      continue;
-    }
-    if (pos + 3 >= jpeg.size()) break;
-    pos += 2 + (Byte(jpeg, pos + 2) << 8 | Byte(jpeg, pos + 3));
+  if (!BeginsAsJpeg(jpeg)) return Gebrek::kGeenJpeg;
+  switch (LoopSegmenten(jpeg, [](unsigned, std::size_t) { return false; }).marker) {
+    case 0xDA: return Gebrek::kGeen;
+    case 0xD9: return Gebrek::kGeenBeeld;
+    default: return Gebrek::kOnvolledig;
   }
-  return Gebrek::kOnvolledig;
 }
 
 Status Fout(const std::string& foto_pad, std::string_view wat) {

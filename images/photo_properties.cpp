@@ -6,6 +6,7 @@
 
 #include "base/file_system.h"
 #include "base/text.h"
+#include "images/jpeg_segments.h"
 
 namespace kiekbord {
 namespace {
@@ -40,12 +41,6 @@ class ScanBuffer {
   std::string_view bytes_;
   std::size_t last_index_;
 };
-
-bool IsFrameHeader(unsigned marker) {
-  if (marker < 0xC0 || marker > 0xCF) return false;
-  // DHT, JPG and DAC share the range but are no frame headers.
-  return marker != 0xC4 && marker != 0xC8 && marker != 0xCC;
-}
 
 struct Frame {
   std::size_t length_field = 0;
@@ -103,32 +98,23 @@ std::int16_t SizeNumber(std::string_view text) {
 // The frame header's size by a walk over all segments of `bytes`; `nodig`
 // is set to the number of bytes the walk needs when it runs past the end.
 std::optional<FotoMaat> VerdereFrame(std::string_view bytes, std::size_t& nodig) {
-  const auto at = [&bytes](std::size_t i) { return static_cast<unsigned>(static_cast<unsigned char>(bytes[i])); };
   nodig = 0;
-  if (bytes.size() < 2 || at(0) != 0xFF || at(1) != 0xD8) return std::nullopt;
-  std::size_t pos = 2;
-  while (pos + 1 < bytes.size()) {
-    if (at(pos) != 0xFF || at(pos + 1) == 0xFF) {
-      ++pos;
-      continue;
-    }
-    const unsigned marker = at(pos + 1);
-    if (marker == 0xDA || marker == 0xD9) return std::nullopt;
-    if (marker == 0x01 || (marker >= 0xD0 && marker <= 0xD8)) {
-      pos += 2;
-      continue;
-    }
-    if (pos + 9 > bytes.size()) break;
-    if (IsFrameHeader(marker)) {
-      const unsigned hoogte = at(pos + 5) << 8 | at(pos + 6);
-      const unsigned breedte = at(pos + 7) << 8 | at(pos + 8);
-      // A height of 0 comes later in the image data: still unknown here.
-      if (hoogte > 0 && breedte > 0) return FotoMaat{static_cast<int>(breedte), static_cast<int>(hoogte)};
-    }
-    pos += 2 + (at(pos + 2) << 8 | at(pos + 3));
+  if (!BeginsAsJpeg(bytes)) return std::nullopt;
+  const auto maat = [&bytes](std::size_t pos) {
+    return FotoMaat{static_cast<int>(JpegByte(bytes, pos + 7) << 8 | JpegByte(bytes, pos + 8)),
+                    static_cast<int>(JpegByte(bytes, pos + 5) << 8 | JpegByte(bytes, pos + 6))};
+  };
+  // A height of 0 comes later in the image data: still unknown here.
+  const SegmentStop stop = LoopSegmenten(bytes, [&](unsigned marker, std::size_t pos) {
+    if (!IsFrameHeader(marker)) return false;
+    return pos + 9 > bytes.size() || (maat(pos).breedte > 0 && maat(pos).hoogte > 0);
+  });
+  if (stop.marker == 0xDA || stop.marker == 0xD9) return std::nullopt;
+  if (stop.marker == 0 || stop.pos + 9 > bytes.size()) {
+    nodig = stop.pos + 9;
+    return std::nullopt;
   }
-  nodig = pos + 9;
-  return std::nullopt;
+  return maat(stop.pos);
 }
 
 }  // namespace

@@ -7,6 +7,8 @@
 #include <new>
 #include <vector>
 
+#include "images/jpeg_segments.h"
+
 namespace kiekbord {
 namespace {
 
@@ -28,45 +30,17 @@ Status TjFout(void* handle) {
   return Status::Error(fout::kProgramError, tjGetErrorStr2(handle));
 }
 
-bool IsStandalone(unsigned marker) {
-  return marker == 0x01 || marker == 0xD8 || (marker >= 0xD0 && marker <= 0xD7);
-}
-
-unsigned Byte(std::string_view jpeg, std::size_t pos) { return static_cast<unsigned char>(jpeg[pos]); }
-
 // Where the frame header's marker stands, found by walking the segments;
 // npos when the walk ends before one.
 std::size_t FramePositie(std::string_view jpeg) {
-  std::size_t pos = 2;
-  while (pos + 3 < jpeg.size()) {
-    if (static_cast<unsigned char>(jpeg[pos]) != 0xFF) {
-      ++pos;
-      continue;
-    }
-    const auto marker = static_cast<unsigned char>(jpeg[pos + 1]);
-    if (marker == 0xFF) {  // fill byte
-      ++pos;
-      continue;
-    }
-    if (marker >= 0xC0 && marker <= 0xCF && marker != 0xC4 && marker != 0xC8 && marker != 0xCC) {
-      return pos;
-    }
-    if (marker == 0xDA || marker == 0xD9) return std::string_view::npos;
-    if (IsStandalone(marker)) {
-      pos += 2;
-      continue;
-    }
-    const auto length = static_cast<unsigned char>(jpeg[pos + 2]) * 256u +
-                        static_cast<unsigned char>(jpeg[pos + 3]);
-    pos += 2 + length;
-  }
-  return std::string_view::npos;
+  const SegmentStop stop = LoopSegmenten(jpeg, [](unsigned marker, std::size_t) { return IsFrameHeader(marker); });
+  return IsFrameHeader(stop.marker) ? stop.pos : std::string_view::npos;
 }
 
 // The frame header's marker; 0 when there is none.
 unsigned FrameMarker(std::string_view jpeg) {
   const std::size_t pos = FramePositie(jpeg);
-  return pos == std::string_view::npos ? 0 : Byte(jpeg, pos + 1);
+  return pos == std::string_view::npos ? 0 : JpegByte(jpeg, pos + 1);
 }
 
 bool IsProgressiveMarker(unsigned marker) {
@@ -95,22 +69,10 @@ int PixelFormat(const PixelVlak& vlak) {
 // programs store CMYK and YCCK inverted (0 is full ink), and every common
 // reader takes a file with that segment so.
 bool HeeftAdobeSegment(std::string_view jpeg) {
-  std::size_t pos = 2;
-  while (pos + 8 < jpeg.size()) {
-    if (Byte(jpeg, pos) != 0xFF || Byte(jpeg, pos + 1) == 0xFF) {
-      ++pos;
-      continue;
-    }
-    const unsigned marker = Byte(jpeg, pos + 1);
-    if (marker == 0xDA || marker == 0xD9) return false;
-    if (IsStandalone(marker)) {
-      pos += 2;
-      continue;
-    }
-    if (marker == 0xEE && jpeg.substr(pos + 4, 5) == "Adobe") return true;
-    pos += 2 + (Byte(jpeg, pos + 2) << 8 | Byte(jpeg, pos + 3));
-  }
-  return false;
+  const auto adobe = [&jpeg](unsigned marker, std::size_t pos) {
+    return marker == 0xEE && pos + 9 <= jpeg.size() && jpeg.substr(pos + 4, 5) == "Adobe";
+  };
+  return LoopSegmenten(jpeg, adobe).marker == 0xEE;
 }
 
 // A CMYK or YCCK JPEG: decoded to CMYK, then each pixel turned into RGB by
@@ -163,11 +125,11 @@ Status ToetsBeeldMaat(int breedte, int hoogte) {
 Status ToetsGeclaimdeMaat(std::string_view jpeg) {
   // Only a JPEG (FF D8 first) has a frame header to read; after its marker
   // come length (2 bytes), precision (1), height (2) and width (2).
-  if (jpeg.size() < 2 || Byte(jpeg, 0) != 0xFF || Byte(jpeg, 1) != 0xD8) return Status::Ok();
+  if (!BeginsAsJpeg(jpeg)) return Status::Ok();
   const std::size_t pos = FramePositie(jpeg);
   if (pos == std::string_view::npos || pos + 9 > jpeg.size()) return Status::Ok();
-  const int hoogte = static_cast<int>(Byte(jpeg, pos + 5) << 8 | Byte(jpeg, pos + 6));
-  const int breedte = static_cast<int>(Byte(jpeg, pos + 7) << 8 | Byte(jpeg, pos + 8));
+  const int hoogte = static_cast<int>(JpegByte(jpeg, pos + 5) << 8 | JpegByte(jpeg, pos + 6));
+  const int breedte = static_cast<int>(JpegByte(jpeg, pos + 7) << 8 | JpegByte(jpeg, pos + 8));
   return ToetsBeeldMaat(breedte, hoogte);
 }
 
