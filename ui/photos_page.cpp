@@ -141,7 +141,6 @@ void FotoPagina::VerwijderGekozen() {
 
 void FotoPagina::LaadOpnieuw() {
   const int rij = lstFotos->currentRow();
-  if (const auto foto = GekozenFoto()) ToonMarkering(*foto);
   lstFotos->setCurrentRow(-1);
   lstFotos->setCurrentRow(rij);
 }
@@ -222,6 +221,8 @@ void FotoPagina::FotoGeselecteerd(int rij) {
   lstBijschriften->setCurrentRow(foto ? rij : -1);
   txtBijschrift->setText(foto ? Q(fotos_[*foto].bijschrift) : QString());
   txtBijschrift->setEnabled(foto.has_value());
+  // The chosen photo's mark is read again: it may have been changed since.
+  if (foto) ToonMarkering(*foto);
   emit SelectieGewijzigd();
   ToonVoorbeeld();
 }
