@@ -3,6 +3,7 @@
 #include "base/file_system.h"
 #include "base/text.h"
 #include "images/exif_data.h"
+#include "images/jpeg_segments.h"
 #include "images/smooth_library.h"
 
 namespace kiekbord {
@@ -13,6 +14,17 @@ constexpr const char* kRegeleinde = "\r\n";
 // The camera data stands in the first segments; this much holds it even
 // behind a colour profile.
 constexpr std::int64_t kKopGrootte = 256 * 1024;
+
+// True when the head of the photo `bron` shows that `opdracht` has nothing
+// to do: it holds every segment in front of the image data, and its camera
+// data asks for no change. Saves reading whole photos that need nothing.
+bool NietsTeDoen(const std::string& bron, const OpschoonOpdracht& opdracht) {
+  std::string kop;
+  if (!Fs().ReadFilePart(bron, 0, kKopGrootte, kop).ok() || !BeginsAsJpeg(kop)) return false;
+  if (LoopSegmenten(kop, [](unsigned, std::size_t) { return false; }).marker != 0xDA) return false;
+  const ExifGegevens exif = LeesExif(kop);
+  return !(opdracht.rechtop && exif.orientatie != 1) && !(opdracht.zonder_locatie && exif.gps);
+}
 
 Status KopieerHeif(const std::string& bron, const std::string& doel, const OpschoonOpdracht& opdracht) {
   std::string heif;
@@ -55,7 +67,9 @@ Status KopieerOpgeschoond(const std::string& bron, const std::string& doel, cons
                           KopieUitkomst& uitkomst) {
   uitkomst = {};
   if (IsHeifBestand(bron)) return KopieerHeif(bron, doel, opdracht);
-  if (!opdracht.rechtop && !opdracht.zonder_locatie) return CopyFileKeepingTime(bron, doel);
+  if ((!opdracht.rechtop && !opdracht.zonder_locatie) || NietsTeDoen(bron, opdracht)) {
+    return CopyFileKeepingTime(bron, doel);
+  }
   std::string jpeg;
   if (const Status gelezen = Fs().ReadFile(bron, jpeg); !gelezen.ok()) return gelezen;
   std::string uit;

@@ -104,6 +104,7 @@ FotoPagina::FotoPagina(std::function<std::string()> uitvoer_dir, std::function<U
 
 void FotoPagina::ZetFotos(std::vector<PhotoEntry> fotos, int selectie) {
   fotos_ = std::move(fotos);
+  gedraaid_.clear();
   ToonLijst(selectie);
 }
 
@@ -116,7 +117,13 @@ bool FotoPagina::Vernieuw(const std::vector<std::string>& nieuw, int maximum) {
   const std::string uit = uitvoer_dir_();
   std::vector<PhotoEntry> lijst = VernieuwdeLijst(fotos_, uit, nieuw, maximum);
   ToonMapFotos(uit);
-  if (lijst == fotos_) return false;
+  // The copy may have replaced photos of the same names.
+  gedraaid_.clear();
+  if (lijst == fotos_) {
+    for (std::size_t i = 0; i < fotos_.size(); ++i) ToonMarkering(i);
+    ZetRechtopKnoppen();
+    return false;
+  }
   std::string gekozen;
   if (const auto foto = GekozenFoto()) gekozen = fotos_[*foto].foto;
   fotos_ = std::move(lijst);
@@ -167,10 +174,9 @@ void FotoPagina::ToonLijst(int selectie) {
   lstFotos->clear();
   lstBijschriften->clear();
   const std::string map = WithTrailingSlash(uitvoer_dir_());
-  gedraaid_.clear();
   for (const PhotoEntry& foto : fotos_) {
-    gedraaid_.push_back(IsGedraaidOpgeslagen(map + foto.foto));
-    lstFotos->addItem(FotoLijstTekst(foto.foto, gedraaid_.back()));
+    if (!gedraaid_.contains(foto.foto)) gedraaid_[foto.foto] = IsGedraaidOpgeslagen(map + foto.foto);
+    lstFotos->addItem(FotoLijstTekst(foto.foto, gedraaid_[foto.foto]));
     lstBijschriften->addItem(Q(foto.bijschrift));
   }
   lstFotos->blockSignals(false);
@@ -181,16 +187,24 @@ void FotoPagina::ToonLijst(int selectie) {
   ZetRechtopKnoppen();
 }
 
+bool FotoPagina::Gedraaid(std::size_t index) const {
+  const auto plek = index < fotos_.size() ? gedraaid_.find(fotos_[index].foto) : gedraaid_.end();
+  return plek != gedraaid_.end() && plek->second;
+}
+
 void FotoPagina::ToonMarkering(std::size_t index) {
-  if (index >= gedraaid_.size()) return;
-  gedraaid_[index] = IsGedraaidOpgeslagen(WithTrailingSlash(uitvoer_dir_()) + fotos_[index].foto);
-  lstFotos->item(static_cast<int>(index))->setText(FotoLijstTekst(fotos_[index].foto, gedraaid_[index]));
+  QListWidgetItem* item = lstFotos->item(static_cast<int>(index));
+  if (index >= fotos_.size() || item == nullptr) return;
+  const std::string& naam = fotos_[index].foto;
+  gedraaid_[naam] = IsGedraaidOpgeslagen(WithTrailingSlash(uitvoer_dir_()) + naam);
+  item->setText(FotoLijstTekst(naam, gedraaid_[naam]));
 }
 
 void FotoPagina::ZetRechtopKnoppen() {
   const auto foto = GekozenFoto();
-  const bool gekozen = foto && *foto < gedraaid_.size() && gedraaid_[*foto];
-  const bool een = std::find(gedraaid_.begin(), gedraaid_.end(), true) != gedraaid_.end();
+  const bool gekozen = foto && Gedraaid(*foto);
+  bool een = false;
+  for (std::size_t i = 0; i < fotos_.size() && !een; ++i) een = Gedraaid(i);
   balk->Toon(KopieenTekst(voorkeuren_()), gekozen, een);
 }
 
@@ -199,8 +213,8 @@ void FotoPagina::ZetRechtopKnoppen() {
 void FotoPagina::ZetRechtop(bool alle) {
   std::vector<std::string> namen;
   const auto gekozen = GekozenFoto();
-  for (std::size_t i = 0; i < fotos_.size() && i < gedraaid_.size(); ++i) {
-    if (gedraaid_[i] && (alle || (gekozen && *gekozen == i))) namen.push_back(fotos_[i].foto);
+  for (std::size_t i = 0; i < fotos_.size(); ++i) {
+    if (Gedraaid(i) && (alle || (gekozen && *gekozen == i))) namen.push_back(fotos_[i].foto);
   }
   if (namen.empty()) return;
   std::vector<std::string> fouten;
@@ -210,7 +224,7 @@ void FotoPagina::ZetRechtop(bool alle) {
   }
   if (const auto melding = KopieFoutMelding(fouten)) meldingen_.Toon(window(), *melding);
   for (std::size_t i = 0; i < fotos_.size(); ++i) {
-    if (gedraaid_[i]) ToonMarkering(i);
+    if (Gedraaid(i)) ToonMarkering(i);
   }
   LaadOpnieuw();
   ZetRechtopKnoppen();

@@ -6,6 +6,7 @@
 #pragma once
 
 #include <functional>
+#include <map>
 #include <optional>
 #include <string>
 #include <vector>
@@ -100,7 +101,10 @@ class FotoPagina : public QGroupBox {
   std::function<UserPreferences()> voorkeuren_;
   Meldingen& meldingen_;
   std::vector<PhotoEntry> fotos_;
-  std::vector<bool> gedraaid_;  // per photo: stored turned
+  // By photo name: stored turned, as last read. Read once per photo, so
+  // moving photos about reads nothing; the chosen photo is read again.
+  std::map<std::string, bool> gedraaid_;
+  bool Gedraaid(std::size_t index) const;
   QTimer* voorbeeld_timer_;
 };
 
