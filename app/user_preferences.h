@@ -25,21 +25,34 @@ class VoorkeurenOpslag {
   virtual void Schrijf(std::string_view sectie, std::string_view sleutel, std::string_view waarde) = 0;
 };
 
-// The five preferences. Flags are 16-bit numbers as stored; 1 means on.
+// The preferences. Flags are 16-bit numbers as stored; 1 means on.
 struct UserPreferences {
   std::int16_t vraag_bij_afsluiten = 1;     // Exit/Question
   std::int16_t lopende_browser = 1;         // MSIE/DDE
   std::int16_t nieuw_in_laatste_dir = 1;    // Recent/Default
   std::int16_t backup_bij_bewerken = 1;     // Rotate/Backup
   std::string foto_programma;               // Photo/Editor
+  // Photos copied into the output directory are turned upright and lose
+  // their location (GPS block); the originals are never touched.
+  std::int16_t rechtop_bij_kopieren = 1;          // Copy/Upright
+  std::int16_t zonder_locatie_bij_kopieren = 1;   // Copy/NoLocation
 };
 
 // The preferences from `opslag`; a missing value takes its default, a value
 // that is not a number reads as 0. Never fails.
 UserPreferences LeesVoorkeuren(const VoorkeurenOpslag& opslag);
 
-// Writes all five preferences as decimal text (the program path as it is).
+// Writes all preferences as decimal text (the program path as it is).
 void SchrijfVoorkeuren(VoorkeurenOpslag& opslag, const UserPreferences& voorkeuren);
+
+// The file in which the window keeps the store: "kiekbord/kiekbord.conf"
+// under $XDG_CONFIG_HOME, or under ~/.config when that is not set.
+std::string VoorkeurenBestand(const std::string& home);
+
+// The preferences as the window stored them in the INI file at `pad`
+// ("[Section]" lines and "key=value" lines), read without the window, for
+// the headless command. A missing or unreadable file gives the defaults.
+UserPreferences LeesVoorkeurenBestand(const std::string& pad);
 
 // "Recent/LastDir": the directory of the last script opened or saved; empty
 // when none was.

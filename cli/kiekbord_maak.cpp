@@ -13,6 +13,7 @@
 #include "base/line_table.h"
 #include "base/program_info.h"
 #include "app/program_settings.h"
+#include "app/user_preferences.h"
 #include "cli/script_controle.h"
 #include "base/text.h"
 #include "gallery/gallery_script.h"
@@ -42,7 +43,8 @@ void PrintUsage(std::ostream& out) {
          "                    een rand van minder dan 16 pixels kan wegvallen)\n"
          "  --zonder-locatie  eerst de locatie (GPS-gegevens) uit die foto's halen\n"
          "                    Beide melden elke gewijzigde foto; de eerste keer komt\n"
-         "                    een kopie van de foto in de map Backup.\n"
+         "                    een kopie van de foto in de map Backup, als in het\n"
+         "                    venster bij Opties de backup aan staat (standaard).\n"
          "  --controleer  het script lezen zoals het venster het opent en tonen wat\n"
          "                het inleest en zou melden; er wordt niets geschreven\n"
          "  --help        deze tekst tonen\n"
@@ -83,11 +85,15 @@ int Generate(const std::string& script_path, const OpschoonOpdracht& opschoning)
               << "Het bestandstype moet '.kbs' zijn.\n";
     return kExitUsage;
   }
-  if (opschoning.rechtop || opschoning.zonder_locatie) SchoonFotosOp(script_path, opschoning);
   const ProgramSettings settings = LeesProgrammaInstellingen(FindProgramDirectory(), HomeDirectory());
   GenerationLog log([](const std::string& line) { std::cout << line << '\n' << std::flush; });
   StderrMelder melder;
-  const SiteOmgeving omgeving{settings, log, melder};
+  SiteOmgeving omgeving{settings, log, melder};
+  // The photos are changed only while the run holds the output directory:
+  // a run turned away because another one works there leaves them alone.
+  if (opschoning.rechtop || opschoning.zonder_locatie) {
+    omgeving.na_vergrendelen = [&script_path, &opschoning] { SchoonFotosOp(script_path, opschoning); };
+  }
   const SiteResultaat result = MaakSite(script_path, omgeving);
   if (!result.geweigerd.empty()) std::cerr << result.geweigerd << "\n";
   if (result.onverwacht) {
@@ -113,9 +119,10 @@ int Controleer(const std::string& script_path) {
 
 int main(int argc, char** argv) {
   if (argc == 3 && std::string_view(argv[1]) == "--controleer") return Controleer(argv[2]);
-  // The headless command has no access to the window's preferences, so it
-  // always keeps the first-edit backup, as the preference does by default.
+  // The first-edit backup follows the window's backup preference, as the
+  // rotate command does.
   OpschoonOpdracht opschoning;
+  opschoning.maak_backup = LeesVoorkeurenBestand(VoorkeurenBestand(HomeDirectory())).backup_bij_bewerken > 0;
   int eerste = 1;
   for (; eerste < argc; ++eerste) {
     const std::string_view optie = argv[eerste];

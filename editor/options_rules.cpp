@@ -10,6 +10,8 @@ OptiesScherm OptiesBijOpenen(const UserPreferences& voorkeuren, bool extern_bewe
   s.controlevraag = voorkeuren.vraag_bij_afsluiten == 1;
   s.backup_bij_roteren = voorkeuren.backup_bij_bewerken == 1;
   s.opslaan_laatste = voorkeuren.nieuw_in_laatste_dir == 1;
+  s.rechtop_kopieren = voorkeuren.rechtop_bij_kopieren == 1;
+  s.zonder_locatie = voorkeuren.zonder_locatie_bij_kopieren == 1;
   s.ie_dynamisch_aan = browser.find("iexplore.exe") != std::string::npos;
   s.fotoprogramma_aan = extern_bewerken;
   if (extern_bewerken) s.fotoprogramma = voorkeuren.foto_programma;
@@ -47,6 +49,8 @@ UserPreferences OptiesBijOk(const OptiesScherm& scherm) {
   v.backup_bij_bewerken = scherm.backup_bij_roteren ? 1 : 0;
   v.nieuw_in_laatste_dir = scherm.opslaan_laatste ? 1 : 0;
   v.foto_programma = scherm.fotoprogramma;
+  v.rechtop_bij_kopieren = scherm.rechtop_kopieren ? 1 : 0;
+  v.zonder_locatie_bij_kopieren = scherm.zonder_locatie ? 1 : 0;
   return v;
 }
 

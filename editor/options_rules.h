@@ -29,6 +29,9 @@ struct OptiesScherm {
 
   bool ie_dynamisch_aan = false;    // the browser option can be changed
   bool fotoprogramma_aan = false;   // lblFotoprogramma, txtFotoProgramma, cmdFotoProgramma
+
+  bool rechtop_kopieren = false;    // chkRechtopBijKopieren
+  bool zonder_locatie = false;      // chkZonderLocatieBijKopieren
 };
 
 // The controls as the dialog opens: each check box on when its value is 1,
@@ -48,7 +51,7 @@ bool FotoprogrammaVoorstellen(const OptiesScherm& scherm);
 // is there. Looks through Fs().
 std::string StelFotoprogrammaVoor(std::string_view zoekpad);
 
-// The five preferences OK saves: each check box as 1 or 0, the scripts
+// The preferences OK saves: each check box as 1 or 0, the scripts
 // preference 1 when the last-used directory is chosen, and the path as the
 // box shows it. (With external editing disabled the box is empty, so OK then
 // clears the stored program; the dialog has always worked so.)

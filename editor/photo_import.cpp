@@ -5,6 +5,7 @@
 #include "base/file_system.h"
 #include "base/text.h"
 #include "base/text_helpers.h"
+#include "editor/photo_upright.h"
 
 namespace kiekbord {
 namespace {
@@ -58,7 +59,8 @@ bool IsFotoBestand(const std::string& naam) {
   return Lower(Laatste4(naam)) == ".jpg" && Lower(naam).find("_tn.") == std::string::npos;
 }
 
-ImportResultaat FotosKopieren(const std::string& invoer_dir, const std::string& uitvoer_dir, int maximum) {
+ImportResultaat FotosKopieren(const std::string& invoer_dir, const std::string& uitvoer_dir, int maximum,
+                              const OpschoonOpdracht& opschoning) {
   ImportResultaat resultaat;
   std::vector<std::string> namen;
   if (const Status lijst = Fs().ListFiles(invoer_dir, "*.jpg", namen); !lijst.ok()) {
@@ -71,10 +73,12 @@ ImportResultaat FotosKopieren(const std::string& invoer_dir, const std::string& 
     if (!IsFotoBestand(naam)) continue;
     const std::string bron = WithTrailingSlash(invoer_dir) + naam;
     const std::string doel = KleinPad(uitvoer_dir, naam);
-    if (const Status status = CopyFileKeepingTime(bron, doel); !status.ok()) {
+    KopieUitkomst kopie;
+    if (const Status status = KopieerOpgeschoond(bron, doel, opschoning, kopie); !status.ok()) {
       resultaat.fout = KopieerFoutMelding(bron, doel, status);
       break;
     }
+    if (kopie.fout) resultaat.opschoon_fouten.push_back(*kopie.fout);
     ++resultaat.aantal;
   }
   return resultaat;
@@ -126,9 +130,9 @@ ToevoegPlan PlanToevoegen(const std::string& bron, const std::string& uitvoer_di
                           const std::vector<PhotoEntry>& fotos, int maximum) {
   ToevoegPlan plan;
   const std::string bestand = FileNameOf(bron);
-  plan.naam = Lower(bestand);
-  plan.doel = KleinPad(uitvoer_dir, bestand);
-  if (!IsFotoBestand(bestand)) {
+  plan.naam = KopieNaam(bestand);
+  plan.doel = WithTrailingSlash(uitvoer_dir) + plan.naam;
+  if (!IsFotoBestand(bestand) && !IsHeifBestand(bestand)) {
     plan.melding = {MeldingSoort::kWaarschuwing,
                     "Het bestand " + bestand + " kan niet worden toegevoegd." + kRegeleinde +
                         "Alleen foto's van het type '.jpg' horen in een kiekbord; thumbnails (_tn.jpg) niet."};

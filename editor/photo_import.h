@@ -11,6 +11,7 @@
 #include "gallery/gallery_script.h"
 #include "base/melding.h"
 #include "base/status.h"
+#include "images/straighten.h"
 
 namespace kiekbord {
 
@@ -34,13 +35,17 @@ bool IsFotoBestand(const std::string& naam);
 struct ImportResultaat {
   int aantal = 0;                 // files copied or renamed
   std::optional<Melding> fout;    // the error that ended the operation early
+  std::vector<std::string> opschoon_fouten;  // copies made unchanged (OpschoonFoutRegel)
 };
 
 // Copies the photo files of `invoer_dir` (in name order) into `uitvoer_dir`
 // under lower-case names, overwriting files of those names, until `maximum`
 // photos are copied. An error ends the copy at that file; the files copied
-// before it stay, and `fout` says what went wrong.
-ImportResultaat FotosKopieren(const std::string& invoer_dir, const std::string& uitvoer_dir, int maximum);
+// before it stay, and `fout` says what went wrong. Each copy is turned
+// upright and/or loses its location as `opschoning` asks (see
+// KopieerOpgeschoond); without either it is a plain copy.
+ImportResultaat FotosKopieren(const std::string& invoer_dir, const std::string& uitvoer_dir, int maximum,
+                              const OpschoonOpdracht& opschoning = {.maak_backup = false});
 
 // Renames the photo files of `uitvoer_dir` whose names are not lower case to
 // their lower-case names; on the operating system "Vista" through a
@@ -51,7 +56,8 @@ ImportResultaat FotosHernoemen(const std::string& uitvoer_dir, const std::string
 
 // --- Single photos of step 2 -----------------------------------------------------
 
-// What adding the file `bron` to the gallery takes.
+// What adding the file `bron` to the gallery takes. A HEIC/HEIF photo is
+// added as the JPEG file it is copied to (KopieNaam).
 struct ToevoegPlan {
   enum class Soort {
     kKopieren,     // copy `bron` to `doel`, then add `naam`

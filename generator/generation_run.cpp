@@ -235,6 +235,7 @@ std::int16_t RunSteps(const std::string& script_path, const SiteOmgeving& omgevi
       return kMislukt;
     }
   }
+  if (vergrendeld.ok() && omgeving.na_vergrendelen) omgeving.na_vergrendelen();
 
   log.SchrijfLog("open:" + LogPad(script_path));
   log.SchrijfLog("Aangemaakt met: " + ProgramCaption() + " (" + std::to_string(BuildRevision()) + ")");

@@ -41,6 +41,11 @@ struct SiteOmgeving {
   FoutMelder& melder;
   SiteSteps steps = StandaardStappen();
   std::function<void(int done, int total)> voortgang;
+  // Called once the run holds the output directory's lock, before anything
+  // is written: work on the photos there that must not overlap another run
+  // (the headless command's --rechtop). Not called when the run is turned
+  // away or the directory cannot be locked.
+  std::function<void()> na_vergrendelen;
 };
 
 // The log path of a script: its file name lower-cased with every ".kbs"

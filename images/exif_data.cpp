@@ -130,4 +130,15 @@ Status HerschrijfExif(std::string_view jpeg, const ExifWijziging& wijziging, std
   return Status::Ok();
 }
 
+Status VoegExifToe(std::string_view jpeg, std::string_view blok, const ExifWijziging& wijziging, std::string& uit) {
+  if (jpeg.size() < 2 || blok.substr(0, kExifKop.size()) != kExifKop) return Fout("No EXIF block");
+  if (blok.size() + 2 > kMaxSegment) return Fout("EXIF block too large");
+  const std::size_t lengte = blok.size() + 2;
+  std::string met_blok(jpeg.substr(0, 2));
+  met_blok += {'\xFF', '\xE1', static_cast<char>(lengte >> 8), static_cast<char>(lengte & 0xFF)};
+  met_blok += blok;
+  met_blok += jpeg.substr(2);
+  return HerschrijfExif(met_blok, wijziging, uit);
+}
+
 }  // namespace kiekbord

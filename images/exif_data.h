@@ -37,4 +37,9 @@ struct ExifWijziging {
 // returns error 26002 with a description and leaves `uit` alone.
 Status HerschrijfExif(std::string_view jpeg, const ExifWijziging& wijziging, std::string& uit);
 
+// `jpeg`, which has no EXIF block, with the block `blok` ("Exif\0\0" and the
+// fields, as libvips hands a photo's camera data over) put in behind its
+// start marker and rewritten as `wijziging` says. Failures as HerschrijfExif.
+Status VoegExifToe(std::string_view jpeg, std::string_view blok, const ExifWijziging& wijziging, std::string& uit);
+
 }  // namespace kiekbord

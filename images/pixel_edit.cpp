@@ -1,11 +1,13 @@
 #include "images/pixel_edit.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "base/file_system.h"
 #include "base/text.h"
 #include "base/generation_log.h"
 #include "base/failure_report.h"
+#include "images/exif_data.h"
 #include "images/ijl_library.h"
 #include "images/photo_backup.h"
 #include "images/photo_failures.h"
@@ -19,6 +21,21 @@ constexpr std::string_view kRoteerFrase = " tijdens roteren foto.";
 Status RoteerFout(FoutMelder& melder, Status fout) {
   melder.Meld(FoutTekst(fout, kRoteerFrase, false));
   return fout;
+}
+
+// Where pixel (x, y) of a w x h picture stored with orientation `o` lands
+// in the upright picture.
+std::pair<int, int> RechtopPlek(int o, int x, int y, int w, int h) {
+  switch (o) {
+    case 2: return {w - 1 - x, y};
+    case 3: return {w - 1 - x, h - 1 - y};
+    case 4: return {x, h - 1 - y};
+    case 5: return {y, x};
+    case 6: return {h - 1 - y, x};
+    case 7: return {h - 1 - y, w - 1 - x};
+    case 8: return {y, w - 1 - x};
+    default: return {x, y};
+  }
 }
 
 }  // namespace
@@ -44,6 +61,19 @@ bool RoteerPixels(const cDIBSection& bron, cDIBSection& doel, bool links) {
       } else {
         doel.SetPixel(h - 1 - y, x, bron.GetPixel(x, y));
       }
+    }
+  }
+  return true;
+}
+
+bool RechtopPixels(const cDIBSection& bron, cDIBSection& doel, int orientatie) {
+  const int w = bron.Width();
+  const int h = bron.Height();
+  if (!doel.Create(orientatie >= 5 ? h : w, orientatie >= 5 ? w : h)) return false;
+  for (int y = 0; y < h; ++y) {
+    for (int x = 0; x < w; ++x) {
+      const auto [tx, ty] = RechtopPlek(orientatie, x, y, w, h);
+      doel.SetPixel(tx, ty, bron.GetPixel(x, y));
     }
   }
   return true;
@@ -96,15 +126,26 @@ Status IJLRoteerImg(const std::string& foto_pad, std::string_view richting, bool
     return RoteerFout(melder, Status::Error(fout::kProgramError, "Error creating backup."));
   }
   cDIBSection bron;
-  const Status geladen = LoadJPG(bron, foto_pad);
+  std::string jpeg;
+  Status geladen = Fs().ReadFile(foto_pad, jpeg);
+  if (geladen.ok()) geladen = FotoFout(foto_pad, jpeg, LoadJPGUitBytes(bron, jpeg));
   if (!geladen.ok()) return RoteerFout(melder, geladen);
+  // A photo the camera stored turned is turned the way it is shown first,
+  // so the quarter turn starts from what the user sees.
+  const int orientatie = LeesExif(jpeg).orientatie;
+  cDIBSection rechtop;
+  if (orientatie != 1 && !RechtopPixels(bron, rechtop, orientatie)) {
+    return RoteerFout(melder, Status::Error(fout::kOutOfMemory));
+  }
   cDIBSection doel;
-  if (!RoteerPixels(bron, doel, IsLinksom(richting))) return RoteerFout(melder, Status::Error(fout::kOutOfMemory));
+  if (!RoteerPixels(orientatie != 1 ? rechtop : bron, doel, IsLinksom(richting))) {
+    return RoteerFout(melder, Status::Error(fout::kOutOfMemory));
+  }
   bron.ClearUp();
+  rechtop.ClearUp();
 
   // The turned photo goes to its temporary file, which is renamed over the
   // photo in one step: whatever fails, the photo stays as it was.
-  std::string jpeg;
   const std::string tmp_pad = foto_pad + "_tmp";
   Status status = SaveJPGNaarBytes(doel, kIjlKwaliteit, jpeg);
   if (status.ok()) status = Fs().WriteFile(tmp_pad, jpeg);

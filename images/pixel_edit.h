@@ -23,6 +23,11 @@ void PuntThumbnail(const cDIBSection& bron, cDIBSection& doel, int d);
 // (H - 1 - y, x). False when `doel` cannot be made.
 bool RoteerPixels(const cDIBSection& bron, cDIBSection& doel, bool links);
 
+// `bron`, stored as the camera's orientation tag `orientatie` (2..8) says,
+// turned and/or mirrored upright into `doel`, made anew (H x W for 5..8).
+// False when `doel` cannot be made.
+bool RechtopPixels(const cDIBSection& bron, cDIBSection& doel, int orientatie);
+
 // True when the first five characters of `richting`, lower-cased, are
 // "links" (a quarter turn anticlockwise).
 bool IsLinksom(std::string_view richting);
@@ -42,7 +47,8 @@ Status VoltooiIjlThumbnail(const ThumbnailWerk& werk, const std::string& thumb_p
 Status IJLMaakThumb(const std::string& foto_pad, const std::string& thumb_pad, GenerationLog& log, FoutMelder& melder);
 
 // Rotates the photo a quarter turn in place at quality 90, after a backup
-// when `maak_backup`. The turned image is written to path + "_tmp", which is
+// when `maak_backup`. A photo with an orientation tag is turned as it is
+// shown: upright first, then the quarter turn; the result has no tag. The turned image is written to path + "_tmp", which is
 // then renamed over the photo in one step, so a failure leaves the photo as
 // it was. A failure is shown as "Fout <n> tijdens roteren foto.(<description>)"
 // and returned; nothing is logged.

@@ -2,6 +2,7 @@
 
 #include <vips/vips.h>
 
+#include <algorithm>
 #include <functional>
 #include <memory>
 #include <mutex>
@@ -12,6 +13,7 @@
 #include "base/generation_log.h"
 #include "base/text_helpers.h"
 #include "base/failure_report.h"
+#include "images/exif_data.h"
 #include "images/photo_backup.h"
 #include "images/photo_failures.h"
 #include "images/pixel_edit.h"
@@ -263,6 +265,29 @@ Status Bewerk(const std::string& foto_pad, bool maak_backup, const Bewerking& be
   return VervangFoto(foto_pad, uit);
 }
 
+// `beeld`, stored as the orientation tag `orientatie` (2..8) says, turned
+// upright: a turn clockwise, then for the mirrored orientations a mirror
+// left to right.
+Status ZetRechtop(VipsImage* beeld, int orientatie, VipsBeeld& uit) {
+  struct Stap {
+    VipsAngle hoek;
+    bool spiegel;
+  };
+  static constexpr Stap kStappen[] = {{VIPS_ANGLE_D0, false},  {VIPS_ANGLE_D0, true},  {VIPS_ANGLE_D180, false},
+                                      {VIPS_ANGLE_D180, true}, {VIPS_ANGLE_D90, true}, {VIPS_ANGLE_D90, false},
+                                      {VIPS_ANGLE_D270, true}, {VIPS_ANGLE_D270, false}};
+  const Stap stap = kStappen[std::clamp(orientatie, 1, 8) - 1];
+  VipsImage* raw = nullptr;
+  if (vips_rot(beeld, &raw, stap.hoek, nullptr) != 0) return Fout("Cannot rotate image: " + VipsMelding());
+  uit.reset(raw);
+  if (!stap.spiegel) return Status::Ok();
+  if (vips_flip(uit.get(), &raw, VIPS_DIRECTION_HORIZONTAL, nullptr) != 0) {
+    return Fout("Cannot rotate image: " + VipsMelding());
+  }
+  uit.reset(raw);
+  return Status::Ok();
+}
+
 Status Gemeld(FoutMelder& melder, Status status, std::string_view frase) {
   if (!status.ok()) melder.Meld(FoutTekst(status, frase, true));
   return status;
@@ -319,7 +344,14 @@ Status GDIMaakThumb(const std::string& foto_pad, const std::string& thumb_pad, G
 Status GDIRoteerImg(const std::string& foto_pad, std::string_view richting, bool maak_backup,
                     FoutMelder& melder) {
   const VipsAngle hoek = IsLinksom(richting) ? VIPS_ANGLE_D270 : VIPS_ANGLE_D90;
-  const auto draai = [hoek](const std::string&, VipsImage* beeld, VipsBeeld& uit) {
+  const auto draai = [hoek](const std::string& jpeg, VipsImage* beeld, VipsBeeld& uit) {
+    // A photo the camera stored turned is turned the way it is shown first,
+    // so the quarter turn starts from what the user sees.
+    VipsBeeld rechtop;
+    if (const int orientatie = LeesExif(jpeg).orientatie; orientatie != 1) {
+      if (const Status status = ZetRechtop(beeld, orientatie, rechtop); !status.ok()) return status;
+      beeld = rechtop.get();
+    }
     VipsImage* raw = nullptr;
     if (vips_rot(beeld, &raw, hoek, nullptr) != 0) return Fout("Cannot rotate image: " + VipsMelding());
     uit.reset(raw);
@@ -350,6 +382,33 @@ Status GDIVerkleinImg(const std::string& foto_pad, int breedte, int hoogte, int 
   };
   return Gemeld(melder, Bewerk(foto_pad, maak_backup, verklein, VerkleinKwaliteit(kwaliteit_code)),
                 kVerkleinFrase);
+}
+
+Status HeifNaarJpeg(std::string_view heif, bool zonder_locatie, std::string& jpeg) {
+  Status status = StartVips();
+  if (!status.ok()) return status;
+  const auto lock = AlleenMetVips();
+  VipsImage* raw = nullptr;
+  if (vips_heifload_buffer(const_cast<char*>(heif.data()), heif.size(), &raw, nullptr) != 0) {
+    return Fout("Cannot load image: " + VipsMelding());
+  }
+  VipsBeeld beeld(raw);
+  status = ToetsBeeldMaat(vips_image_get_width(beeld.get()), vips_image_get_height(beeld.get()));
+  if (status.ok()) status = NaarSrgb(beeld);
+  std::string pixels;
+  if (status.ok()) status = Encode(beeld.get(), kHeifJpegKwaliteit, pixels);
+  if (!status.ok()) return status;
+  const void* blok = nullptr;
+  std::size_t grootte = 0;
+  std::string met_exif;
+  const ExifWijziging wijziging{true, vips_image_get_width(beeld.get()), vips_image_get_height(beeld.get()),
+                                zonder_locatie};
+  if (vips_image_get_blob(beeld.get(), VIPS_META_EXIF_NAME, &blok, &grootte) == 0 &&
+      VoegExifToe(pixels, std::string_view(static_cast<const char*>(blok), grootte), wijziging, met_exif).ok()) {
+    pixels = std::move(met_exif);
+  }
+  jpeg = std::move(pixels);
+  return Status::Ok();
 }
 
 }  // namespace kiekbord

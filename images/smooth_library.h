@@ -19,6 +19,7 @@ namespace kiekbord {
 
 inline constexpr int kGdiThumbnailKwaliteit = 90;
 inline constexpr int kGdiRoteerKwaliteit = 100;
+inline constexpr int kHeifJpegKwaliteit = 92;
 
 // The quality of a shrink quality code: 0 gives 100, 1 gives 80, 2 gives
 // 60, anything else 100.
@@ -43,7 +44,9 @@ Status VoltooiGdiThumbnail(const ThumbnailWerk& werk, const std::string& thumb_p
 Status GDIMaakThumb(const std::string& foto_pad, const std::string& thumb_pad, GenerationLog& log, FoutMelder& melder);
 
 // Rotates the photo a quarter turn in place at quality 100 (anticlockwise
-// when IsLinksom(richting)), after a backup when `maak_backup`. The result
+// when IsLinksom(richting)), after a backup when `maak_backup`. A photo with
+// an orientation tag is turned as it is shown: upright first, then the
+// quarter turn; the result has no tag. The result
 // goes to the temporary file, which is then renamed over the photo, so a
 // failure leaves the photo as it was. A failure is shown as "Fout <n>
 // tijdens roteren foto (GDI)." + line break + "(<description>)" and
@@ -57,5 +60,15 @@ Status GDIRoteerImg(const std::string& foto_pad, std::string_view richting, bool
 // " tijdens verkleinen foto (GDI).".
 Status GDIVerkleinImg(const std::string& foto_pad, int breedte, int hoogte, int kwaliteit_code,
                       bool maak_backup, FoutMelder& melder);
+
+// A HEIC/HEIF photo (as phones take them) as a JPEG for the gallery:
+// decoded with libvips' HEIF loader, upright as the file's own turn says,
+// and encoded at quality 92. The photo's camera data comes along with
+// orientation 1, the new size and no embedded thumbnail, and without its
+// location when `zonder_locatie`; camera data that cannot be carried over is
+// left out rather than kept unchanged. On failure returns error 26002
+// ("Cannot load image: ..." for a file the loader refuses) and leaves `jpeg`
+// alone.
+Status HeifNaarJpeg(std::string_view heif, bool zonder_locatie, std::string& jpeg);
 
 }  // namespace kiekbord

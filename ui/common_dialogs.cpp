@@ -134,7 +134,7 @@ std::string QtDialogen::MapKiezen(QWidget* ouder, const std::string& titel, cons
 
 std::vector<std::string> QtDialogen::FotosKiezen(QWidget* ouder, const std::string& map) {
   QFileDialog dialoog(ouder, QStringLiteral("Kiekbord - Foto toevoegen"), Q(map),
-                      QStringLiteral("Foto's (*.jpg *.JPG *.Jpg)"));
+                      QStringLiteral("Foto's (*.jpg *.JPG *.Jpg *.heic *.HEIC *.heif *.HEIF)"));
   ZetNederlandseLabels(dialoog, QStringLiteral("Toevoegen"));
   dialoog.setFileMode(QFileDialog::ExistingFiles);
   std::vector<std::string> paden;

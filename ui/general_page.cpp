@@ -12,6 +12,7 @@
 #include "base/text.h"
 #include "editor/photo_import.h"
 #include "editor/photo_list.h"
+#include "editor/photo_upright.h"
 #include "editor/wizard_rules.h"
 #include "ui/common_dialogs.h"
 #include "ui/message_boxes.h"
@@ -151,7 +152,8 @@ bool AlgemenePagina::UitvoerMapInOrde(Meldingen& meldingen) {
 
 // Leaving step 1: the photos must end up in the output directory under
 // lower-case names. False keeps the wizard on step 1.
-bool AlgemenePagina::Verlaten(Meldingen& meldingen, const std::string& os_naam, std::vector<std::string>& nieuw) {
+bool AlgemenePagina::Verlaten(Meldingen& meldingen, const std::string& os_naam, const UserPreferences& voorkeuren,
+                              std::vector<std::string>& nieuw) {
   if (!UitvoerMapInOrde(meldingen)) return false;
   const std::string in = InvoerDir();
   const std::string uit = UitvoerDir();
@@ -166,9 +168,10 @@ bool AlgemenePagina::Verlaten(Meldingen& meldingen, const std::string& os_naam, 
     ImportResultaat gekopieerd;
     {
       BezigAanwijzer bezig;
-      gekopieerd = FotosKopieren(in, uit, settings_.maximum_aantal);
+      gekopieerd = FotosKopieren(in, uit, settings_.maximum_aantal, KopieOpschoning(voorkeuren));
     }
     nieuw = FotosInMap(uit);
+    if (const auto melding = KopieFoutMelding(gekopieerd.opschoon_fouten)) meldingen.Toon(window(), *melding);
     if (gekopieerd.fout) {
       meldingen.Toon(window(), *gekopieerd.fout);
       return false;

@@ -11,6 +11,7 @@
 #include <QGroupBox>
 
 #include "app/program_settings.h"
+#include "app/user_preferences.h"
 #include "gallery/gallery_script.h"
 
 class QCheckBox;
@@ -48,9 +49,11 @@ class AlgemenePagina : public QGroupBox {
   void MapVeldControleren(QLineEdit* veld);
   // Leaving the step: the photos must end up in the output directory under
   // lower-case names (copied from the input directory after a question, or
-  // renamed in place); `nieuw` gets the photos the copy brought. False keeps
-  // the wizard on this step, after saying why.
-  bool Verlaten(Meldingen& meldingen, const std::string& os_naam, std::vector<std::string>& nieuw);
+  // renamed in place); `nieuw` gets the photos the copy brought. The copies
+  // are turned upright and lose their location as `voorkeuren` ask. False
+  // keeps the wizard on this step, after saying why.
+  bool Verlaten(Meldingen& meldingen, const std::string& os_naam, const UserPreferences& voorkeuren,
+                std::vector<std::string>& nieuw);
 
   QLineEdit* txtTitel;
   QLineEdit* txtSubtitel;

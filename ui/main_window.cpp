@@ -176,7 +176,7 @@ void MainWindow::MaakMenus() {
 // closing or replacing a new gallery asks whether to keep it.
 void MainWindow::MaakStappen() {
   algemeen_ = new AlgemenePagina(d_.settings, *d_.dialogen);
-  fotos_ = new FotoPagina([this] { return algemeen_->UitvoerDir(); });
+  fotos_ = new FotoPagina([this] { return algemeen_->UitvoerDir(); }, [this] { return voorkeuren_; }, *d_.meldingen);
   instellingen_ = new InstellingenPagina(d_.settings);
   stappen_->addWidget(algemeen_);
   stappen_->addWidget(fotos_);
@@ -270,7 +270,7 @@ void MainWindow::ToonStap() {
 void MainWindow::Volgende() {
   if (stap_ >= kLaatsteStap) return;
   std::vector<std::string> nieuw;
-  if (stap_ == 1 && !algemeen_->Verlaten(*d_.meldingen, d_.os_naam, nieuw)) return;
+  if (stap_ == 1 && !algemeen_->Verlaten(*d_.meldingen, d_.os_naam, voorkeuren_, nieuw)) return;
   ++stap_;
   ToonStap();
   if (fotos_->Vernieuw(nieuw, d_.settings.maximum_aantal)) Gewijzigd();
@@ -414,10 +414,7 @@ void MainWindow::ScriptOpslaan() {
     BezigAanwijzer bezig;
     fout = bestand_.Opslaan(Gegevens(), Vandaag(), script_pad_, false);
   }
-  if (fout) {
-    d_.meldingen->Toon(this, *fout);
-    return;
-  }
+  if (fout) return d_.meldingen->Toon(this, *fout);
   SchrijfLaatsteScript(*d_.opslag, script_pad_);
   ZetLaatsteScript(script_pad_);
 }
@@ -474,6 +471,7 @@ void MainWindow::ZetFotoCommandos() {
   mnuBewerkenFotoToevoegen_->setEnabled(knoppen.toevoegen);
   fotos_->cmdFotoOmhoog->setEnabled(knoppen.omhoog);
   fotos_->cmdFotoOmlaag->setEnabled(knoppen.omlaag);
+  fotos_->ZetRechtopKnoppen();
   mnuBewerkenFotoVerwijderenGalerij_->setEnabled(knoppen.verwijderen);
   mnuBewerkenFotoVerwijderenTotaal_->setEnabled(knoppen.verwijderen);
   const BewerkMenu bewerk = BewerkMenuToestand(knoppen.verwijderen, d_.settings, voorkeuren_, vernieuwen_aangezet_);

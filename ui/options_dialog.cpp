@@ -62,6 +62,11 @@ OptiesDialoog::OptiesDialoog(VoorkeurenOpslag& opslag, const ProgramSettings& se
   chkBackupBijRoteren_ = Benoemd(
       new QCheckBox(QStringLiteral("&Backup maken van originele foto bij roteren en verkleinen"), fraFotosBewerken),
       "chkBackupBijRoteren");
+  chkRechtopBijKopieren_ = Benoemd(
+      new QCheckBox(QStringLiteral("Foto's &rechtop zetten bij kopiëren"), fraFotosBewerken), "chkRechtopBijKopieren");
+  chkZonderLocatieBijKopieren_ =
+      Benoemd(new QCheckBox(QStringLiteral("Locatiegegevens &verwijderen bij kopiëren"), fraFotosBewerken),
+              "chkZonderLocatieBijKopieren");
   lblFotoprogramma_ = Benoemd(new QLabel(QStringLiteral("Extern fotoprogramma"), fraFotosBewerken), "lblFotoprogramma");
   txtFotoProgramma_ = Benoemd(new QLineEdit(fraFotosBewerken), "txtFotoProgramma");
   cmdFotoProgramma_ = Benoemd(new QPushButton(QStringLiteral("Bladeren..."), fraFotosBewerken), "cmdFotoProgramma");
@@ -69,9 +74,11 @@ OptiesDialoog::OptiesDialoog(VoorkeurenOpslag& opslag, const ProgramSettings& se
   txtFotoProgramma_->setMinimumWidth(260);
   auto* fotos = new QGridLayout(fraFotosBewerken);
   fotos->addWidget(chkBackupBijRoteren_, 0, 0, 1, 2);
-  fotos->addWidget(lblFotoprogramma_, 1, 0, 1, 2);
-  fotos->addWidget(txtFotoProgramma_, 2, 0);
-  fotos->addWidget(cmdFotoProgramma_, 2, 1);
+  fotos->addWidget(chkRechtopBijKopieren_, 1, 0, 1, 2);
+  fotos->addWidget(chkZonderLocatieBijKopieren_, 2, 0, 1, 2);
+  fotos->addWidget(lblFotoprogramma_, 3, 0, 1, 2);
+  fotos->addWidget(txtFotoProgramma_, 4, 0);
+  fotos->addWidget(cmdFotoProgramma_, 4, 1);
   fotos->setColumnStretch(0, 1);
 
   QGroupBox* fraScriptsOpslaan =
@@ -108,6 +115,8 @@ OptiesDialoog::OptiesDialoog(VoorkeurenOpslag& opslag, const ProgramSettings& se
   chkIEDynamischAanroepen_->setChecked(scherm.ie_dynamisch);
   chkControlevraag_->setChecked(scherm.controlevraag);
   chkBackupBijRoteren_->setChecked(scherm.backup_bij_roteren);
+  chkRechtopBijKopieren_->setChecked(scherm.rechtop_kopieren);
+  chkZonderLocatieBijKopieren_->setChecked(scherm.zonder_locatie);
   (scherm.opslaan_laatste ? optOpslaanLaatste_ : optOpslaanUitvoer_)->setChecked(true);
   chkIEDynamischAanroepen_->setEnabled(scherm.ie_dynamisch_aan);
   txtFotoProgramma_->setText(Q(scherm.fotoprogramma));
@@ -157,6 +166,8 @@ void OptiesDialoog::Ok() {
   scherm.ie_dynamisch = chkIEDynamischAanroepen_->isChecked();
   scherm.controlevraag = chkControlevraag_->isChecked();
   scherm.backup_bij_roteren = chkBackupBijRoteren_->isChecked();
+  scherm.rechtop_kopieren = chkRechtopBijKopieren_->isChecked();
+  scherm.zonder_locatie = chkZonderLocatieBijKopieren_->isChecked();
   scherm.opslaan_laatste = optOpslaanLaatste_->isChecked();
   scherm.fotoprogramma = txtFotoProgramma_->text().toStdString();
   SchrijfVoorkeuren(opslag_, OptiesBijOk(scherm));

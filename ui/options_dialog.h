@@ -1,4 +1,4 @@
-// The options dialog `frmOpties`: the user's five preferences, read from the
+// The options dialog `frmOpties`: the user's preferences, read from the
 // per-user settings store as it opens and written back by OK. What its
 // controls show and what OK saves is decided in editor/options_rules.h.
 #pragma once
@@ -53,6 +53,8 @@ class OptiesDialoog : public QDialog {
   QCheckBox* chkIEDynamischAanroepen_;
   QCheckBox* chkControlevraag_;
   QCheckBox* chkBackupBijRoteren_;
+  QCheckBox* chkRechtopBijKopieren_;
+  QCheckBox* chkZonderLocatieBijKopieren_;
   QLabel* lblFotoprogramma_;
   QLineEdit* txtFotoProgramma_;
   QPushButton* cmdFotoProgramma_;

@@ -16,17 +16,24 @@
 #include "base/file_system.h"
 #include "base/text.h"
 #include "editor/photo_import.h"
+#include "editor/photo_edit.h"
 #include "editor/photo_list.h"
+#include "editor/photo_upright.h"
 #include "editor/wizard_rules.h"
 #include "gallery/script_reader.h"
 #include "ui/common_dialogs.h"
 #include "ui/message_boxes.h"
+#include "ui/orientation_bar.h"
 #include "ui/widget_helpers.h"
 
 namespace kiekbord {
 
-FotoPagina::FotoPagina(std::function<std::string()> uitvoer_dir, QWidget* ouder)
-    : QGroupBox(Q(StapTitel(2)), ouder), uitvoer_dir_(std::move(uitvoer_dir)) {
+FotoPagina::FotoPagina(std::function<std::string()> uitvoer_dir, std::function<UserPreferences()> voorkeuren,
+                       Meldingen& meldingen, QWidget* ouder)
+    : QGroupBox(Q(StapTitel(2)), ouder),
+      uitvoer_dir_(std::move(uitvoer_dir)),
+      voorkeuren_(std::move(voorkeuren)),
+      meldingen_(meldingen) {
   setObjectName(QStringLiteral("fraFotobijschriften"));
   lstFotos = Benoemd(new QListWidget(this), "lstFotos");
   lstFotos->setContextMenuPolicy(Qt::CustomContextMenu);
@@ -53,6 +60,7 @@ FotoPagina::FotoPagina(std::function<std::string()> uitvoer_dir, QWidget* ouder)
   cmdFotoOmlaag = Benoemd(new QPushButton(QStringLiteral("Om&laag"), this), "cmdFotoOmlaag");
   cmdFotoOmhoog->setToolTip(QStringLiteral("Verplaats foto naar voren in de kiekbord"));
   cmdFotoOmlaag->setToolTip(QStringLiteral("Verplaats foto naar achteren in de kiekbord"));
+  balk = new OrientatieBalk(this);
 
   auto* lijst_knoppen = new QHBoxLayout;
   lijst_knoppen->addWidget(lblAantalFotos, 1);
@@ -63,6 +71,7 @@ FotoPagina::FotoPagina(std::function<std::string()> uitvoer_dir, QWidget* ouder)
   links->addWidget(Bijschrift(QStringLiteral("&Foto's"), lstFotos, this));
   links->addWidget(lstFotos, 1);
   links->addLayout(lijst_knoppen);
+  links->addWidget(balk);
 
   auto* rechts = new QVBoxLayout;
   rechts->addWidget(imgFoto, 1);
@@ -78,7 +87,9 @@ FotoPagina::FotoPagina(std::function<std::string()> uitvoer_dir, QWidget* ouder)
   // Tab follows the eye: the list, the buttons under it, then the caption.
   QWidget::setTabOrder(lstFotos, cmdFotoOmhoog);
   QWidget::setTabOrder(cmdFotoOmhoog, cmdFotoOmlaag);
-  QWidget::setTabOrder(cmdFotoOmlaag, txtBijschrift);
+  QWidget::setTabOrder(cmdFotoOmlaag, balk->cmdRechtopZetten);
+  QWidget::setTabOrder(balk->cmdRechtopZetten, balk->cmdAlleRechtopZetten);
+  QWidget::setTabOrder(balk->cmdAlleRechtopZetten, txtBijschrift);
 
   voorbeeld_timer_ = new QTimer(this);
   voorbeeld_timer_->setSingleShot(true);
@@ -88,10 +99,12 @@ FotoPagina::FotoPagina(std::function<std::string()> uitvoer_dir, QWidget* ouder)
   connect(txtBijschrift, &QLineEdit::textEdited, this, &FotoPagina::BijschriftBewerkt);
   connect(cmdFotoOmhoog, &QPushButton::clicked, this, &FotoPagina::Omhoog);
   connect(cmdFotoOmlaag, &QPushButton::clicked, this, &FotoPagina::Omlaag);
+  connect(balk, &OrientatieBalk::RechtopGevraagd, this, &FotoPagina::ZetRechtop);
 }
 
 void FotoPagina::ZetFotos(std::vector<PhotoEntry> fotos, int selectie) {
   fotos_ = std::move(fotos);
+  gedraaid_.clear();
   ToonLijst(selectie);
 }
 
@@ -104,7 +117,13 @@ bool FotoPagina::Vernieuw(const std::vector<std::string>& nieuw, int maximum) {
   const std::string uit = uitvoer_dir_();
   std::vector<PhotoEntry> lijst = VernieuwdeLijst(fotos_, uit, nieuw, maximum);
   ToonMapFotos(uit);
-  if (lijst == fotos_) return false;
+  // The copy may have replaced photos of the same names.
+  gedraaid_.clear();
+  if (lijst == fotos_) {
+    for (std::size_t i = 0; i < fotos_.size(); ++i) ToonMarkering(i);
+    ZetRechtopKnoppen();
+    return false;
+  }
   std::string gekozen;
   if (const auto foto = GekozenFoto()) gekozen = fotos_[*foto].foto;
   fotos_ = std::move(lijst);
@@ -154,8 +173,10 @@ void FotoPagina::ToonLijst(int selectie) {
   lstFotos->blockSignals(true);
   lstFotos->clear();
   lstBijschriften->clear();
+  const std::string map = WithTrailingSlash(uitvoer_dir_());
   for (const PhotoEntry& foto : fotos_) {
-    lstFotos->addItem(Q(foto.foto));
+    if (!gedraaid_.contains(foto.foto)) gedraaid_[foto.foto] = IsGedraaidOpgeslagen(map + foto.foto);
+    lstFotos->addItem(FotoLijstTekst(foto.foto, gedraaid_[foto.foto]));
     lstBijschriften->addItem(Q(foto.bijschrift));
   }
   lstFotos->blockSignals(false);
@@ -163,6 +184,50 @@ void FotoPagina::ToonLijst(int selectie) {
   if (selectie >= static_cast<int>(fotos_.size())) selectie = static_cast<int>(fotos_.size()) - 1;
   lstFotos->setCurrentRow(selectie);
   FotoGeselecteerd(selectie);
+  ZetRechtopKnoppen();
+}
+
+bool FotoPagina::Gedraaid(std::size_t index) const {
+  const auto plek = index < fotos_.size() ? gedraaid_.find(fotos_[index].foto) : gedraaid_.end();
+  return plek != gedraaid_.end() && plek->second;
+}
+
+void FotoPagina::ToonMarkering(std::size_t index) {
+  QListWidgetItem* item = lstFotos->item(static_cast<int>(index));
+  if (index >= fotos_.size() || item == nullptr) return;
+  const std::string& naam = fotos_[index].foto;
+  gedraaid_[naam] = IsGedraaidOpgeslagen(WithTrailingSlash(uitvoer_dir_()) + naam);
+  item->setText(FotoLijstTekst(naam, gedraaid_[naam]));
+}
+
+void FotoPagina::ZetRechtopKnoppen() {
+  const auto foto = GekozenFoto();
+  const bool gekozen = foto && Gedraaid(*foto);
+  bool een = false;
+  for (std::size_t i = 0; i < fotos_.size() && !een; ++i) een = Gedraaid(i);
+  balk->Toon(KopieenTekst(voorkeuren_()), gekozen, een);
+}
+
+// "Rechtop zetten": the photos stored turned, with the same backup as the
+// rotate commands; the preview then shows them as the site will.
+void FotoPagina::ZetRechtop(bool alle) {
+  std::vector<std::string> namen;
+  const auto gekozen = GekozenFoto();
+  for (std::size_t i = 0; i < fotos_.size(); ++i) {
+    if (Gedraaid(i) && (alle || (gekozen && *gekozen == i))) namen.push_back(fotos_[i].foto);
+  }
+  if (namen.empty()) return;
+  std::vector<std::string> fouten;
+  {
+    BezigAanwijzer bezig;
+    fouten = ZetRechtopInMap(uitvoer_dir_(), namen, BackupVlag(voorkeuren_()));
+  }
+  if (const auto melding = KopieFoutMelding(fouten)) meldingen_.Toon(window(), *melding);
+  for (std::size_t i = 0; i < fotos_.size(); ++i) {
+    if (Gedraaid(i)) ToonMarkering(i);
+  }
+  LaadOpnieuw();
+  ZetRechtopKnoppen();
 }
 
 void FotoPagina::FotoGeselecteerd(int rij) {
@@ -170,6 +235,8 @@ void FotoPagina::FotoGeselecteerd(int rij) {
   lstBijschriften->setCurrentRow(foto ? rij : -1);
   txtBijschrift->setText(foto ? Q(fotos_[*foto].bijschrift) : QString());
   txtBijschrift->setEnabled(foto.has_value());
+  // The chosen photo's mark is read again: it may have been changed since.
+  if (foto) ToonMarkering(*foto);
   emit SelectieGewijzigd();
   ToonVoorbeeld();
 }
@@ -187,18 +254,19 @@ void FotoPagina::ToonVoorbeeld() {
   const std::string naam = fotos_[*foto].foto;
   const QString pad = Q(WithTrailingSlash(uitvoer_dir_()) + naam);
   QImageReader lezer(pad);
-  lezer.setAutoTransform(true);
+  // Shown as stored, as the site's pages and thumbnails show it: a photo
+  // stored turned looks turned here too, and its size agrees with the info
+  // line. "Rechtop zetten" is the way to set it upright.
+  lezer.setAutoTransform(false);
   const QSize opgeslagen = lezer.size();
   QImage beeld;
   if (opgeslagen.isValid()) {
-    const bool gedraaid = lezer.transformation().testFlag(QImageIOHandler::TransformationRotate90);
-    const QSize getoond = gedraaid ? opgeslagen.transposed() : opgeslagen;
     const QSize vak = imgFoto->contentsRect().size() - QSize(4, 4);
-    QSize passend = getoond;
-    if (getoond.width() > vak.width() || getoond.height() > vak.height()) {
-      passend = getoond.scaled(vak.expandedTo(QSize(1, 1)), Qt::KeepAspectRatio);
+    QSize passend = opgeslagen;
+    if (opgeslagen.width() > vak.width() || opgeslagen.height() > vak.height()) {
+      passend = opgeslagen.scaled(vak.expandedTo(QSize(1, 1)), Qt::KeepAspectRatio);
     }
-    lezer.setScaledSize(gedraaid ? passend.transposed() : passend);
+    lezer.setScaledSize(passend);
     beeld = lezer.read();
   }
   if (beeld.isNull()) {
@@ -225,6 +293,8 @@ void FotoPagina::BijschriftBewerkt(const QString& tekst) {
 
 bool FotoPagina::Toevoegen(Dialogen& dialogen, Meldingen& meldingen, const std::string& invoer_dir, int maximum) {
   const std::string uit = uitvoer_dir_();
+  const OpschoonOpdracht opschoning = KopieOpschoning(voorkeuren_());
+  std::vector<std::string> fouten;
   std::string map = invoer_dir;
   if (map.empty() || !Fs().DirectoryExists(map)) map = uit;
   const std::vector<std::string> bronnen = dialogen.FotosKiezen(window(), map);
@@ -240,14 +310,17 @@ bool FotoPagina::Toevoegen(Dialogen& dialogen, Meldingen& meldingen, const std::
     }
     if (plan.soort == Soort::kVervangen && !meldingen.Vraag(window(), plan.melding)) continue;
     if (plan.soort != Soort::kAlleenLijst) {
-      if (const Status status = CopyFileKeepingTime(bron, plan.doel); !status.ok()) {
+      KopieUitkomst kopie;
+      if (const Status status = KopieerOpgeschoond(bron, plan.doel, opschoning, kopie); !status.ok()) {
         meldingen.Toon(window(), KopieerFoutMelding(bron, plan.doel, status));
         continue;
       }
+      if (kopie.fout) fouten.push_back(*kopie.fout);
     }
     fotos_.push_back({plan.naam, ""});
     toegevoegd = true;
   }
+  if (const auto melding = KopieFoutMelding(fouten)) meldingen.Toon(window(), *melding);
   if (toegevoegd) ToonLijst(static_cast<int>(fotos_.size()) - 1);
   return toegevoegd;
 }

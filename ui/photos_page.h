@@ -6,12 +6,14 @@
 #pragma once
 
 #include <functional>
+#include <map>
 #include <optional>
 #include <string>
 #include <vector>
 
 #include <QGroupBox>
 
+#include "app/user_preferences.h"
 #include "gallery/gallery_script.h"
 
 class QLabel;
@@ -24,13 +26,17 @@ namespace kiekbord {
 
 class Dialogen;
 class Meldingen;
+class OrientatieBalk;
 
 class FotoPagina : public QGroupBox {
   Q_OBJECT
 
  public:
-  // `uitvoer_dir` tells the output directory the photos are in.
-  explicit FotoPagina(std::function<std::string()> uitvoer_dir, QWidget* ouder = nullptr);
+  // `uitvoer_dir` tells the output directory the photos are in, `voorkeuren`
+  // the user's preferences now; `meldingen` shows what turning photos
+  // upright could not do.
+  FotoPagina(std::function<std::string()> uitvoer_dir, std::function<UserPreferences()> voorkeuren,
+             Meldingen& meldingen, QWidget* ouder = nullptr);
 
   const std::vector<PhotoEntry>& fotos() const { return fotos_; }
   // Replaces the list and selects row `selectie` (-1: none).
@@ -53,8 +59,12 @@ class FotoPagina : public QGroupBox {
   // Removes the chosen photo from the list and the disk, after the question.
   // True when it was removed.
   bool VerwijderVanSchijf(Meldingen& meldingen);
-  // Chooses no photo and then the same one again, so it loads afresh.
+  // Chooses no photo and then the same one again, so it loads afresh, with
+  // its mark in the list.
   void LaadOpnieuw();
+  // The copy line and the upright buttons for the preferences and the
+  // chosen photo now.
+  void ZetRechtopKnoppen();
   void Omhoog();
   void Omlaag();
 
@@ -67,6 +77,7 @@ class FotoPagina : public QGroupBox {
   QLabel* lblFotoInfo;
   QPushButton* cmdFotoOmhoog;
   QPushButton* cmdFotoOmlaag;
+  OrientatieBalk* balk;
 
  signals:
   // The captions or the order changed.
@@ -82,9 +93,18 @@ class FotoPagina : public QGroupBox {
   void FotoGeselecteerd(int rij);
   void ToonVoorbeeld();
   void BijschriftBewerkt(const QString& tekst);
+  void ZetRechtop(bool alle);
+  // Reads again whether photo `index` is stored turned and shows its mark.
+  void ToonMarkering(std::size_t index);
 
   std::function<std::string()> uitvoer_dir_;
+  std::function<UserPreferences()> voorkeuren_;
+  Meldingen& meldingen_;
   std::vector<PhotoEntry> fotos_;
+  // By photo name: stored turned, as last read. Read once per photo, so
+  // moving photos about reads nothing; the chosen photo is read again.
+  std::map<std::string, bool> gedraaid_;
+  bool Gedraaid(std::size_t index) const;
   QTimer* voorbeeld_timer_;
 };
 

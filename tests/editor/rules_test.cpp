@@ -17,6 +17,7 @@
 #include "editor/photo_edit.h"
 #include "editor/photo_import.h"
 #include "editor/photo_list.h"
+#include "editor/photo_upright.h"
 #include "editor/resize_rules.h"
 #include "editor/script_commands.h"
 #include "editor/template_colours.h"
@@ -141,7 +142,8 @@ TEST(EditorRules, TranscriptOfEveryRuleAndText) {
   zet("FotosHernoemen A.JPG naast a.jpg", M(*FotosHernoemen(tmp / "dubbel/", "Unknown (3.6.1)").fout));
   const char* const plannen[] = {"kopieren", "vervangen", "alleen lijst", "al in lijst", "geweigerd"};
   for (const auto& [bron, maximum] : {std::pair{"in/Nieuw.JPG", 10}, {"in/bestaat.jpg", 10}, {"uit/hier.jpg", 10},
-                                      {"in/Lijst.jpg", 10}, {"in/x_tn.jpg", 10}, {"in/Nieuw.JPG", 1}}) {
+                                      {"in/Lijst.jpg", 10}, {"in/x_tn.jpg", 10}, {"in/Nieuw.JPG", 1},
+                                      {"in/Zee.HEIC", 10}, {"in/zee.heif.txt", 10}}) {
     const ToevoegPlan p = PlanToevoegen(tmp / bron, tmp / "uit/", {{"lijst.jpg", ""}}, maximum);
     zet(S("PlanToevoegen ") + bron + " tot " + N(maximum),
         S(plannen[static_cast<int>(p.soort)]) + " | " + p.naam + " | " + p.doel + " | " + M(p.melding));
@@ -180,7 +182,8 @@ TEST(EditorRules, TranscriptOfEveryRuleAndText) {
   const auto opties = [&](const S& wat, const OptiesScherm& o) {
     zet(wat, Aan({{"ie", o.ie_dynamisch}, {"controlevraag", o.controlevraag}, {"backup", o.backup_bij_roteren},
                   {"laatste", o.opslaan_laatste}, {"ie aan", o.ie_dynamisch_aan}, {"programma aan", o.fotoprogramma_aan},
-                  {"voorstellen", FotoprogrammaVoorstellen(o)}}) + " | '" + o.fotoprogramma + "'");
+                  {"voorstellen", FotoprogrammaVoorstellen(o)}, {"rechtop", o.rechtop_kopieren},
+                  {"zonder locatie", o.zonder_locatie}}) + " | '" + o.fotoprogramma + "'");
   };
   const UserPreferences twee_nullen{2, 0, 0, 0, "/usr/bin/gimp"};
   opties("OptiesBijOpenen nieuw, chromium", OptiesBijOpenen({}, true, "/usr/bin/chromium"));
@@ -188,9 +191,16 @@ TEST(EditorRules, TranscriptOfEveryRuleAndText) {
   opties("OptiesBijOpenen 2 0 0 0 gimp", OptiesBijOpenen(twee_nullen, true, ""));
   opties("OptiesBijOpenen 2 0 0 0 gimp, zonder extern bewerken", OptiesBijOpenen(twee_nullen, false, ""));
   for (const bool aan : {false, true}) {
-    const UserPreferences v = OptiesBijOk({aan, !aan, aan, aan, "/opt/krita", false, false});
-    zet(S("OptiesBijOk ") + (aan ? "1 0 1 1" : "0 1 0 0"), N(v.lopende_browser) + N(v.vraag_bij_afsluiten) +
-                                   N(v.backup_bij_bewerken) + N(v.nieuw_in_laatste_dir) + " " + v.foto_programma);
+    const UserPreferences v = OptiesBijOk({aan, !aan, aan, aan, "/opt/krita", false, false, aan, !aan});
+    zet(S("OptiesBijOk ") + (aan ? "1 0 1 1 1 0" : "0 1 0 0 0 1"),
+        N(v.lopende_browser) + N(v.vraag_bij_afsluiten) + N(v.backup_bij_bewerken) + N(v.nieuw_in_laatste_dir) +
+            N(v.rechtop_bij_kopieren) + N(v.zonder_locatie_bij_kopieren) + " " + v.foto_programma);
+    for (const bool locatie : {false, true}) {
+      UserPreferences kopie;
+      kopie.rechtop_bij_kopieren = aan ? 1 : 0;
+      kopie.zonder_locatie_bij_kopieren = locatie ? 1 : 0;
+      zet(S("KopieenTekst ") + N(aan) + N(locatie), KopieenTekst(kopie));
+    }
   }
   for (const S& pad : {tmp / "a:" + tmp / "b", tmp / "a:" + tmp / "c", tmp / "c", S(), tmp / "d", "::x:" + tmp / "a"}) {
     zet("StelFotoprogrammaVoor " + pad, StelFotoprogrammaVoor(pad));

@@ -81,6 +81,21 @@ class PhotoEditDialogsTest : public QObject {
     o.antwoorden = {"ja"};
     o.Actie("mnuBewerkenFotoRoterenLinks")->trigger();
     o.Zie("backup: " + std::to_string(QDir(QString::fromStdString(uit + "Backup")).exists()));
+    // A photo the camera stored turned (orientation 6) is marked and shown as
+    // stored; one click sets it upright.
+    const std::string gedraaid = ProefJpeg(80, 64);
+    WriteBytes(staand, gedraaid.substr(0, 2) + std::string("\xFF\xE1\x00\x22" "Exif\0\0" "MM\0\x2A\0\0\0\x08" "\0\x01"
+                                                           "\x01\x12\0\x03\0\0\0\x01\0\x06\0\0" "\0\0\0\0", 36) +
+                           gedraaid.substr(2));
+    const auto markering = [&o] {
+      o.Fotos()->setCurrentRow(0);
+      o.Fotos()->setCurrentRow(1);
+      return o.Fotos()->currentItem()->text() + " " + o.Info() + " " +
+             QString::number(o.W<QPushButton>("cmdRechtopZetten")->isEnabled());
+    };
+    o.Zie(markering());
+    o.Klik("cmdRechtopZetten");
+    o.Zie(markering());
     WriteBytes(staand, "\xFF\xD8 geen foto");  // a failure as the library reports it
     o.antwoorden = {"ja"};
     o.Actie("mnuBewerkenFotoRoterenLinks")->trigger();
