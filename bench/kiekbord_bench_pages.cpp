@@ -122,7 +122,7 @@ int Bench(const Opties& opties) {
   const SiteGegevens gegevens = Galerij(opties, settings, fotos);
   GenerationLog log;
   StderrMelder melder;
-  SiteRun run{settings, gegevens, log, melder, NavigatieTeksten{}, kGelukt, {}};
+  SiteRun run{settings, gegevens, log, melder, NavigatieTeksten{}, kGelukt, {}, {}};
   const KopEnCredit kop = KopEnCreditVoor(settings, VandaagLokaal());
 
   log.SchrijfLog("open:" + opties.map + "kiekbord-bench.log");

@@ -29,6 +29,9 @@ struct SiteResultaat {
   // directory: the message for the user. Nothing was written then, not even
   // the log.
   std::string geweigerd;
+  // Set when the user stopped the run between two steps or pages; the log
+  // says so and ends "Abnormaal einde.".
+  bool afgebroken = false;
 };
 
 // What a run is handed: the program settings, the log it writes (whose
@@ -41,6 +44,9 @@ struct SiteOmgeving {
   FoutMelder& melder;
   SiteSteps steps = StandaardStappen();
   std::function<void(int done, int total)> voortgang;
+  // Asked between steps and between photo pages (from the run's thread):
+  // true stops the run there. Pages are written whole or not at all.
+  std::function<bool()> afbreken;
 };
 
 // The log path of a script: its file name lower-cased with every ".kbs"

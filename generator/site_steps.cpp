@@ -11,6 +11,14 @@
 
 namespace kiekbord {
 
+bool Afgebroken(SiteRun& run) {
+  if (run.afgebroken || !run.afbreken || !run.afbreken()) return run.afgebroken;
+  run.afgebroken = true;
+  run.failed = kMislukt;
+  run.log.SchrijfLog("Generatie afgebroken door de gebruiker.");
+  return true;
+}
+
 SiteSteps StandaardStappen() { return StandaardStappen(VandaagLokaal); }
 
 SiteSteps StandaardStappen(std::function<std::chrono::year_month_day()> vandaag) {

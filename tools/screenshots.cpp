@@ -168,6 +168,10 @@ int main(int argc, char** argv) {
       voortgang_bewaard = true;
       Bewaar(&dialoog, "15-voortgang");
     });
+    QObject::connect(&dialoog, &VoortgangDialoog::Einde, &dialoog, [&dialoog] {
+      Bewaar(&dialoog, "16-voltooid");
+      dialoog.findChild<QPushButton*>(QStringLiteral("cmdSluiten"))->click();
+    });
   };
   const ProgramSettings instellingen = d.settings;
   MainWindow w(std::move(d));
@@ -215,7 +219,7 @@ int main(int argc, char** argv) {
   W<QAction>(&w, "mnuKleurGebruikAchtergrond")->trigger();
 
   ZodraGeopend<QMessageBox>("14-opslaanvraag", [&](QMessageBox* box) {
-    KiesBestand("14b-opslaan-als", tmp.filePath("Zomer.kbs"), [] { Antwoord("16-resultaatvraag", "Nee"); });
+    KiesBestand("14b-opslaan-als", tmp.filePath("Zomer.kbs"));
     Klik(box, "Ja");
   });
   w.Voltooien();

@@ -1,5 +1,7 @@
-// Step 2 of the wizard: the gallery's photos in page order, a caption for
-// each, and a preview of the chosen photo.
+// Step 2 of the wizard: the gallery's photos in page order with their
+// pictures, a caption for each, and a preview of the chosen photo. Photos
+// are reordered with the buttons or by dragging; a photo removed from the
+// gallery can be put back.
 //
 // The page keeps the photo list of the record; the list's rules (which row
 // is a photo, moving, refreshing from the output directory) are editor/'s.
@@ -8,6 +10,7 @@
 #include <functional>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include <QGroupBox>
@@ -24,6 +27,7 @@ namespace kiekbord {
 
 class Dialogen;
 class Meldingen;
+class Miniaturen;
 
 class FotoPagina : public QGroupBox {
   Q_OBJECT
@@ -43,8 +47,12 @@ class FotoPagina : public QGroupBox {
   // The chosen photo's index, when a photo is chosen.
   std::optional<std::size_t> GekozenFoto() const;
   int Rij() const;
-  // Removes the chosen photo; the next one is chosen.
+  // Removes the chosen photo; the next one is chosen. It can be put back.
   void VerwijderGekozen();
+  // Puts the photo last removed back in its place, with its caption, up to
+  // `maximum` photos. True when it came back.
+  bool ZetVerwijderdeTerug(int maximum);
+  bool HeeftVerwijderde() const { return !verwijderd_.empty(); }
   // "Foto toevoegen": the photos the user picks (starting in `invoer_dir`,
   // or the output directory) are copied into the output directory and added
   // without caption, up to `maximum`; each refusal or failure is said. True
@@ -64,6 +72,7 @@ class FotoPagina : public QGroupBox {
   QLineEdit* txtBijschrift;
   QLabel* imgFoto;
   QLabel* lblAantalFotos;
+  QLabel* lblZonderBijschrift;
   QLabel* lblFotoInfo;
   QPushButton* cmdFotoOmhoog;
   QPushButton* cmdFotoOmlaag;
@@ -82,10 +91,19 @@ class FotoPagina : public QGroupBox {
   void FotoGeselecteerd(int rij);
   void ToonVoorbeeld();
   void BijschriftBewerkt(const QString& tekst);
+  void NaarVolgende();
+  // A dragged row: the list moved it from `van` to before row `voor`.
+  void Versleept(int van, int voor);
+  void ZetMiniatuur(const QString& pad);
+  void Verwijder(std::size_t foto);
+  std::string Pad(const std::string& naam) const;
 
   std::function<std::string()> uitvoer_dir_;
   std::vector<PhotoEntry> fotos_;
+  // The photos removed from the gallery, last at the back, with their places.
+  std::vector<std::pair<std::size_t, PhotoEntry>> verwijderd_;
   QTimer* voorbeeld_timer_;
+  Miniaturen* miniaturen_;
 };
 
 }  // namespace kiekbord
