@@ -44,8 +44,7 @@ std::string StapKopTitel(int stap) { return "Stap " + std::to_string(stap) + " v
 std::string StapUitleg(int stap) {
   static constexpr std::array<const char*, 3> kUitleg = {
       "Geef de kiekbord een titel en kies de map met uw foto's en de map waarin de kiekbord komt.",
-      "Zet de foto's in volgorde (slepen of Omhoog/Omlaag) en geef elke foto een bijschrift; Enter gaat naar de "
-      "volgende foto.",
+      "Zet de foto's in volgorde en geef elke foto een bijschrift (Enter: volgende foto).",
       "Kies hoe de kiekbord eruitziet en klik op Voltooien om hem aan te maken."};
   if (stap < kEersteStap || stap > kLaatsteStap) return {};
   return kUitleg[static_cast<std::size_t>(stap - 1)];

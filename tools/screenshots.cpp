@@ -196,7 +196,7 @@ int main(int argc, char** argv) {
   Antwoord("05-kopieervraag", "Ja");
   w.Volgende();
   W<QListWidget>(&w, "lstFotos")->setCurrentRow(1);
-  W<QLineEdit>(&w, "txtBijschrift")->setText("Het strand bij De Koog");
+  W<QLineEdit>(&w, "txtBijschrift")->insert("Het strand bij De Koog");
   Bewaar(&w, "06-stap2");
   Menu(&w, "mnuBewerken", &w, "07-menu-bewerken");
   Antwoord("07b-verwijdervraag", "Nee");

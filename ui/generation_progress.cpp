@@ -10,6 +10,7 @@
 #include <QPlainTextEdit>
 #include <QProgressBar>
 #include <QPushButton>
+#include <QScrollBar>
 #include <QTimer>
 #include <QVBoxLayout>
 #include <QtConcurrent/QtConcurrentRun>
@@ -129,7 +130,11 @@ SiteResultaat VoortgangDialoog::Genereer(const std::string& script_pad, const Pr
 
 bool VoortgangDialoog::VraagNaEinde(const QString& uitslag, const QString& bekijken) {
   klaar_ = true;
-  status_->setText(uitslag);
+  uitslag_ = uitslag;
+  // The result line in bold over the question.
+  const QString eerste = uitslag.section(QLatin1Char('\n'), 0, 0), rest = uitslag.section(QLatin1Char('\n'), 1);
+  status_->setText(QStringLiteral("<b>%1</b><br>%2")
+                       .arg(eerste.toHtmlEscaped(), rest.toHtmlEscaped().replace(QLatin1Char('\n'), QStringLiteral("<br>"))));
   if (balk_->maximum() == 0) {  // no thumbnails: not busy any more
     balk_->setRange(0, 1);
     balk_->setValue(1);
@@ -141,7 +146,13 @@ bool VoortgangDialoog::VraagNaEinde(const QString& uitslag, const QString& bekij
   QPushButton* standaard = bekijken.isEmpty() ? cmdSluiten_ : cmdBekijken_;
   standaard->setDefault(true);
   standaard->setFocus();
-  QMetaObject::invokeMethod(this, &VoortgangDialoog::Einde, Qt::QueuedConnection);
+  QMetaObject::invokeMethod(
+      this,
+      [this] {
+        log_->verticalScrollBar()->setValue(log_->verticalScrollBar()->maximum());
+        emit Einde();
+      },
+      Qt::QueuedConnection);
   return exec() == QDialog::Accepted;
 }
 

@@ -53,7 +53,8 @@ class VoortgangDialoog : public QDialog {
 
   QPlainTextEdit* logRegels() const { return log_; }
   QProgressBar* voortgangsBalk() const { return balk_; }
-  QLabel* status() const { return status_; }
+  // The result line and question shown at the end, as plain text.
+  const QString& uitslag() const { return uitslag_; }
 
  signals:
   // The run has ended and its result shows.
@@ -72,6 +73,7 @@ class VoortgangDialoog : public QDialog {
   QPushButton* cmdAnnuleren_;
   QPushButton* cmdBekijken_;
   QPushButton* cmdSluiten_;
+  QString uitslag_;
   bool klaar_ = false;
   // Set on the window's thread, read by the run's.
   std::atomic<bool> afbreken_{false};

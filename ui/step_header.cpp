@@ -19,7 +19,7 @@ StapKop::StapKop(QWidget* ouder) : QFrame(ouder) {
   vet.setPointSizeF(vet.pointSizeF() * 1.15);
   titel_->setFont(vet);
   uitleg_ = Benoemd(new QLabel(this), "lblStapUitleg");
-  uitleg_->setWordWrap(true);
+  // One line: a wrapping label would make the window's smallest size too small for the steps.
 
   auto* layout = new QVBoxLayout(this);
   layout->setContentsMargins(12, 8, 12, 8);

@@ -219,7 +219,7 @@ class MainWindowTest : public QObject {
       QObject::connect(&dialoog, &VoortgangDialoog::Einde, &dialoog, [&] {
         getoond += QStringLiteral(" %1/%2\n").arg(dialoog.voortgangsBalk()->value()).arg(dialoog.voortgangsBalk()->maximum());
         getoond += dialoog.logRegels()->toPlainText() + "\n";
-        o.Zie("einde: " + dialoog.status()->text() + " [" + dialoog.findChild<QPushButton*>(knop)->text() + "]");
+        o.Zie("einde: " + dialoog.uitslag() + " [" + dialoog.findChild<QPushButton*>(knop)->text() + "]");
         dialoog.findChild<QPushButton*>(knop)->click();
       });
     };
