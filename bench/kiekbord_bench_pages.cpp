@@ -126,7 +126,7 @@ int Bench(const Opties& opties) {
   const KopEnCredit kop = KopEnCreditVoor(settings, VandaagLokaal());
 
   log.SchrijfLog("open:" + opties.map + "kiekbord-bench.log");
-  const ThumbnailOpties thumbnail_opties{settings.program_dir, 0, nullptr};
+  const ThumbnailOpties thumbnail_opties{settings.program_dir, 0, nullptr, nullptr};
   bool thumbnail_fout = false;
   const double thumbnails = Seconden([&] {
     thumbnail_fout =

@@ -44,8 +44,8 @@ struct SiteOmgeving {
   FoutMelder& melder;
   SiteSteps steps = StandaardStappen();
   std::function<void(int done, int total)> voortgang;
-  // Asked between steps and between photo pages (from the run's thread):
-  // true stops the run there. Pages are written whole or not at all.
+  // Asked between steps, thumbnails and photo pages (from the run's
+  // thread): true stops the run there. Files are written whole or not at all.
   std::function<bool()> afbreken;
 };
 

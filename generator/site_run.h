@@ -74,7 +74,8 @@ struct SiteRun {
   std::int16_t failed = kGelukt;
   // Reports thumbnail progress (photo i of n) to a progress display.
   std::function<void(int done, int total)> voortgang;
-  // Asked between steps and pages: true when the user wants the run stopped.
+  // Asked between steps, thumbnails and pages: true when the user wants the
+  // run stopped.
   std::function<bool()> afbreken;
   bool afgebroken = false;
 };
