@@ -179,9 +179,9 @@ void FotoPagina::NaarVolgende() {
 std::string FotoPagina::Pad(const std::string& naam) const { return WithTrailingSlash(uitvoer_dir_()) + naam; }
 
 void FotoPagina::ZetMiniatuur(const QString& pad) {
-  const QString naam = QFileInfo(pad).fileName();
-  for (QListWidgetItem* item : lstFotos->findItems(naam, Qt::MatchExactly)) {
-    if (Pad(S(naam)) == S(pad)) item->setIcon(miniaturen_->Icoon(S(pad)));
+  for (int rij = 0; rij < lstFotos->count(); ++rij) {
+    QListWidgetItem* item = lstFotos->item(rij);
+    if (Q(Pad(S(item->text()))) == pad) item->setIcon(miniaturen_->Icoon(S(pad)));
   }
 }
 
@@ -190,6 +190,8 @@ void FotoPagina::LaadOpnieuw() {
   const int rij = lstFotos->currentRow();
   lstFotos->setCurrentRow(-1);
   lstFotos->setCurrentRow(rij);
+  // A changed photo gets a new picture too (Klaar follows once it is made).
+  if (const auto foto = GekozenFoto()) lstFotos->item(rij)->setIcon(miniaturen_->Icoon(Pad(fotos_[*foto].foto)));
 }
 
 void FotoPagina::Omhoog() {
