@@ -122,11 +122,11 @@ int Bench(const Opties& opties) {
   const SiteGegevens gegevens = Galerij(opties, settings, fotos);
   GenerationLog log;
   StderrMelder melder;
-  SiteRun run{settings, gegevens, log, melder, NavigatieTeksten{}, kGelukt, {}};
+  SiteRun run{settings, gegevens, log, melder, NavigatieTeksten{}, kGelukt, {}, {}};
   const KopEnCredit kop = KopEnCreditVoor(settings, VandaagLokaal());
 
   log.SchrijfLog("open:" + opties.map + "kiekbord-bench.log");
-  const ThumbnailOpties thumbnail_opties{settings.program_dir, 0, nullptr};
+  const ThumbnailOpties thumbnail_opties{settings.program_dir, 0, nullptr, nullptr};
   bool thumbnail_fout = false;
   const double thumbnails = Seconden([&] {
     thumbnail_fout =

@@ -116,7 +116,7 @@ bool EenRun(const char* naam, const Opties& opties, const std::string& program_d
   log.SchrijfLog("open:" + opties.map + "kiekbord-bench.log");
   const double processor_begin = ProcessorSeconden();
   const auto begin = std::chrono::steady_clock::now();
-  const ThumbnailOpties thumbnail_opties{program_dir, opties.gelijktijdig, nullptr};
+  const ThumbnailOpties thumbnail_opties{program_dir, opties.gelijktijdig, nullptr, nullptr};
   const bool fout = MaakThumbnails(opties.map, static_cast<int>(fotos.size()), fotos, thumbnail_opties, log, melder);
   const std::chrono::duration<double> duur = std::chrono::steady_clock::now() - begin;
   const double processor = ProcessorSeconden() - processor_begin;

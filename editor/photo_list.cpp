@@ -49,6 +49,33 @@ int FotoOmlaag(std::vector<PhotoEntry>& fotos, int index) {
   return index + 1;
 }
 
+int FotoVerplaatsen(std::vector<PhotoEntry>& fotos, int van, int naar) {
+  const int aantal = static_cast<int>(fotos.size());
+  if (van < 0 || van >= aantal || naar < 0 || naar >= aantal) return van;
+  const auto begin = fotos.begin();
+  if (van < naar) {
+    std::rotate(begin + van, begin + van + 1, begin + naar + 1);
+  } else {
+    std::rotate(begin + naar, begin + van, begin + van + 1);
+  }
+  return naar;
+}
+
+int FotoTerugzetten(std::vector<PhotoEntry>& fotos, std::size_t plek, const PhotoEntry& foto, int maximum) {
+  const bool al_terug = std::any_of(fotos.begin(), fotos.end(), [&](const PhotoEntry& f) { return f.foto == foto.foto; });
+  if (al_terug || static_cast<int>(fotos.size()) >= maximum) return -1;
+  plek = std::min(plek, fotos.size());
+  fotos.insert(fotos.begin() + static_cast<std::ptrdiff_t>(plek), foto);
+  return static_cast<int>(plek);
+}
+
+std::string ZonderBijschriftTekst(const std::vector<PhotoEntry>& fotos) {
+  if (fotos.empty()) return "";
+  const auto zonder = std::count_if(fotos.begin(), fotos.end(), [](const PhotoEntry& f) { return f.bijschrift.empty(); });
+  if (zonder == 0) return "Alle foto's hebben een bijschrift.";
+  return std::to_string(zonder) + " foto('s) zonder bijschrift";
+}
+
 std::string BestandsGrootteTekst(std::int64_t bytes) {
   if (bytes < 1024) return std::to_string(bytes) + " bytes";
   const char* eenheid = "kB";

@@ -28,6 +28,20 @@ std::vector<PhotoEntry> VernieuwdeLijst(const std::vector<PhotoEntry>& fotos, co
 int FotoOmhoog(std::vector<PhotoEntry>& fotos, int index);
 int FotoOmlaag(std::vector<PhotoEntry>& fotos, int index);
 
+// Moves entry `van` to place `naar` (the places in between shift up or
+// down), as dragging it in the list does. Returns the entry's new index;
+// `van` itself when either place names no entry.
+int FotoVerplaatsen(std::vector<PhotoEntry>& fotos, int van, int naar);
+
+// Puts a removed entry back at its old `plek` (at the end when the list is
+// shorter now). Returns its index; -1 when the list already holds that
+// photo again or holds `maximum` entries.
+int FotoTerugzetten(std::vector<PhotoEntry>& fotos, std::size_t plek, const PhotoEntry& foto, int maximum);
+
+// The count line under the list: "2 foto('s) zonder bijschrift", "Alle
+// foto's hebben een bijschrift." or "" for an empty list.
+std::string ZonderBijschriftTekst(const std::vector<PhotoEntry>& fotos);
+
 // The photo a command works on: the selected row of the list when it names
 // one of the `aantal` photos; nothing for no selection or a stale row.
 std::optional<std::size_t> GekozenFoto(int rij, std::size_t aantal);

@@ -39,6 +39,17 @@ std::string StapTitel(int stap) {
   return kTitels[static_cast<std::size_t>(stap - 1)];
 }
 
+std::string StapKopTitel(int stap) { return "Stap " + std::to_string(stap) + " van " + std::to_string(kLaatsteStap); }
+
+std::string StapUitleg(int stap) {
+  static constexpr std::array<const char*, 3> kUitleg = {
+      "Geef de kiekbord een titel en kies de map met uw foto's en de map waarin de kiekbord komt.",
+      "Zet de foto's in volgorde en geef elke foto een bijschrift (Enter: volgende foto).",
+      "Kies hoe de kiekbord eruitziet en klik op Voltooien om hem aan te maken."};
+  if (stap < kEersteStap || stap > kLaatsteStap) return {};
+  return kUitleg[static_cast<std::size_t>(stap - 1)];
+}
+
 std::string HelpStapTitel(int stap) { return "Stap &" + StapTitel(stap); }
 
 StapToestand ToestandVoorStap(int stap) {
@@ -148,6 +159,20 @@ Afronding AfrondingNaRun(bool gelukt, const ProgramSettings& settings, const std
   a.is_vraag = true;
   a.adres = WithTrailingSlash(settings.sjabloon_host) + "index" + ext;
   return a;
+}
+
+std::string UitslagNaRun(const SiteResultaat& resultaat) {
+  if (resultaat.afgebroken) return "Generatie afgebroken door de gebruiker.";
+  if (resultaat.failed == kGelukt) return "Normaal einde.";
+  if (!resultaat.onverwacht) return "Abnormaal einde.";
+  std::string uitslag = "Abnormaal einde: " + resultaat.onverwacht->description();
+  if (!resultaat.onderwerp.empty()) uitslag += " (" + resultaat.onderwerp + ")";
+  return uitslag + ".";
+}
+
+std::string BekijkKnopTekst(const Afronding& afronding) {
+  if (!afronding.is_vraag) return "";
+  return afronding.log ? "&Logbestand bekijken" : "&Resultaat bekijken";
 }
 
 Melding AfsluitenVraag() {

@@ -10,6 +10,7 @@
 #include "app/program_settings.h"
 #include "base/melding.h"
 #include "base/status.h"
+#include "generator/generation_run.h"
 
 namespace kiekbord {
 
@@ -19,6 +20,11 @@ inline constexpr int kLaatsteStap = 3;
 // The caption of a step's frame: "1. Algemeen", "2. Fotobijschriften",
 // "3. Instellingen".
 std::string StapTitel(int stap);
+
+// The header over a step, as a wizard page's title and subtitle: "Stap 1
+// van 3" and a one-line instruction of what to do on it.
+std::string StapKopTitel(int stap);
+std::string StapUitleg(int stap);
 
 // The help item's caption for a step: "Stap &" + the step's frame caption.
 std::string HelpStapTitel(int stap);
@@ -94,6 +100,16 @@ struct Afronding {
 };
 Afronding AfrondingNaRun(bool gelukt, const ProgramSettings& settings, const std::string& uitvoer_dir,
                          const std::string& script_pad);
+
+// The result line the progress dialog ends on: "Normaal einde.", "Generatie
+// afgebroken door de gebruiker.", or "Abnormaal einde." with what failed
+// when the run was cut off ("Abnormaal einde: Disk full (kb001.html).").
+std::string UitslagNaRun(const SiteResultaat& resultaat);
+
+// The button that answers the finish question with yes: "&Resultaat
+// bekijken", "&Logbestand bekijken" for the log, or none ("") when the
+// finish only informs.
+std::string BekijkKnopTekst(const Afronding& afronding);
 
 // --- Close ---------------------------------------------------------------------
 

@@ -206,7 +206,7 @@ void VerwijderOudePaginas(const SiteGegevens& g, GenerationLog& log) {
 }
 
 void Voer(const SiteSteps::Step& step, SiteRun& run) {
-  if (step && run.failed == kGelukt) step(run);
+  if (step && run.failed == kGelukt && !Afgebroken(run)) step(run);
 }
 
 // The output directory the script names, as it stands.
@@ -261,10 +261,11 @@ std::int16_t RunSteps(const std::string& script_path, const SiteOmgeving& omgevi
   // needs no word more.
   if (failed == kGelukt && !ControleerUitvoerDir(gegevens, uitvoer, vergrendeld, log)) failed = kMislukt;
 
-  SiteRun run{omgeving.settings, gegevens, log, omgeving.melder, NavigatieTeksten{}, failed, omgeving.voortgang};
+  SiteRun run{omgeving.settings, gegevens, log, omgeving.melder, NavigatieTeksten{}, failed, omgeving.voortgang,
+              omgeving.afbreken};
   if (run.failed == kGelukt) LeesNavigatieTeksten(gegevens.sjabloon_ini, run.navigatie, log);
   if (run.failed == kGelukt) RuimTijdelijkeBestandenOp(gegevens);
-  if (run.failed == kGelukt) VerwijderOudePaginas(gegevens, log);
+  if (run.failed == kGelukt && !Afgebroken(run)) VerwijderOudePaginas(gegevens, log);
 
   const SiteSteps& steps = omgeving.steps;
   Voer(steps.titel_pagina, run);
@@ -282,6 +283,7 @@ std::int16_t RunSteps(const std::string& script_path, const SiteOmgeving& omgevi
 
   log.SchrijfLog(run.failed == kGelukt ? "Normaal einde." : "Abnormaal einde.");
   log.SchrijfLog("close");
+  result.afgebroken = run.afgebroken;
   return run.failed;
 }
 

@@ -29,6 +29,9 @@ struct SiteResultaat {
   // directory: the message for the user. Nothing was written then, not even
   // the log.
   std::string geweigerd;
+  // Set when the user stopped the run between two steps or pages; the log
+  // says so and ends "Abnormaal einde.".
+  bool afgebroken = false;
 };
 
 // What a run is handed: the program settings, the log it writes (whose
@@ -46,6 +49,9 @@ struct SiteOmgeving {
   // (the headless command's --rechtop). Not called when the run is turned
   // away or the directory cannot be locked.
   std::function<void()> na_vergrendelen;
+  // Asked between steps, thumbnails and photo pages (from the run's
+  // thread): true stops the run there. Files are written whole or not at all.
+  std::function<bool()> afbreken;
 };
 
 // The log path of a script: its file name lower-cased with every ".kbs"

@@ -193,6 +193,7 @@ void MaakFotoPaginas(SiteRun& run, const KopEnCredit& kop) {
     int nummer = 1;
     for (int pagina = 1; nummer <= g.AantalFotos() && pagina <= paginas && run.failed == kGelukt;
          ++pagina) {
+      if (Afgebroken(run)) return;
       nummer = SchrijfFotoPagina(foto_run, sjabloon, blok, pagina, nummer);
     }
     run.log.SchrijfLog(std::to_string(paginas) + " fotopagina's aangemaakt.");

@@ -74,7 +74,16 @@ struct SiteRun {
   std::int16_t failed = kGelukt;
   // Reports thumbnail progress (photo i of n) to a progress display.
   std::function<void(int done, int total)> voortgang;
+  // Asked between steps, thumbnails and pages: true when the user wants the
+  // run stopped.
+  std::function<bool()> afbreken;
+  bool afgebroken = false;
 };
+
+// True when the run is to stop here. The first time the user's stop is seen
+// it is logged and the run counts as failed; a run without `afbreken` never
+// stops, so its log is unchanged.
+bool Afgebroken(SiteRun& run);
 
 // The steps the run calls after its checks, in this order. An empty step does
 // nothing.

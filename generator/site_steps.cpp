@@ -11,6 +11,14 @@
 
 namespace kiekbord {
 
+bool Afgebroken(SiteRun& run) {
+  if (run.afgebroken || !run.afbreken || !run.afbreken()) return run.afgebroken;
+  run.afgebroken = true;
+  run.failed = kMislukt;
+  run.log.SchrijfLog("Generatie afgebroken door de gebruiker.");
+  return true;
+}
+
 SiteSteps StandaardStappen() { return StandaardStappen(VandaagLokaal); }
 
 SiteSteps StandaardStappen(std::function<std::chrono::year_month_day()> vandaag) {
@@ -19,7 +27,7 @@ SiteSteps StandaardStappen(std::function<std::chrono::year_month_day()> vandaag)
     MaakTitelPagina(run, KopEnCreditVoor(run.settings, vandaag()));
   };
   steps.thumbnails = [](SiteRun& run) {
-    const ThumbnailOpties opties{run.settings.program_dir, 0, run.voortgang};
+    const ThumbnailOpties opties{run.settings.program_dir, 0, run.voortgang, run.afbreken};
     if (MaakThumbnails(run.gegevens.uitvoer_dir, run.gegevens.AantalFotos(), run.gegevens.foto_namen, opties,
                        run.log, run.melder)) {
       run.failed = kMislukt;

@@ -177,7 +177,7 @@ class ThumbnailRun {
   Status Run() {
     Status status = LeesLijst();
     if (status.ok()) status = VerwerkFotos();
-    if (!status.ok()) return status;
+    if (!status.ok() || gestopt_) return status;
     log_.SchrijfLog(std::to_string(teller_) + " Thumbnails (opnieuw) aangemaakt.");
     status = SchrijfRegels(lijst_pad_, lijst_);
     if (!status.ok()) return status;
@@ -220,13 +220,21 @@ class ThumbnailRun {
       if (!status.ok()) return status;
       MeldVoortgang();
       if (stop) break;
+      if (Gestopt()) return Status::Ok();
     }
     while (!wachtend_.empty()) {
       const Status status = VoltooiOudste();
       if (!status.ok()) return status;
       MeldVoortgang();
+      // Photos the workers have not started are dropped with the pool.
+      if (Gestopt()) return Status::Ok();
     }
     return Status::Ok();
+  }
+
+  bool Gestopt() {
+    gestopt_ = gestopt_ || (opties_.afbreken && opties_.afbreken());
+    return gestopt_;
   }
 
   // Steps of one photo up to the making of its thumbnail. `stop` is set
@@ -351,6 +359,7 @@ class ThumbnailRun {
   int gemaakt_gemeld_ = 0;
   int zonder_thumbnail_ = 0;
   int gemeld_ = 0;
+  bool gestopt_ = false;
 };
 
 }  // namespace

@@ -26,12 +26,16 @@ struct ThumbnailOpties {
   int gelijktijdig = 0;
   // Told after each photo: the number of photos done, of `aantal`.
   std::function<void(int gedaan, int totaal)> voortgang;
+  // Asked after each photo: true stops the run there. The thumbnails made
+  // so far stay, whole; "kb_tn.txt" is left as it was, so the photos not
+  // reached are looked at again by the next run.
+  std::function<bool()> afbreken;
 };
 
 // Makes the thumbnails of the first `aantal` photos of `namen` (file names
 // in `foto_dir`, which ends in "/"), logging every step in `log`
 // and writing "kb_tn.txt". Returns the error flag: false after "Bestand ...
-// geschreven.", true when the run ended on an error, which is then logged as
+// geschreven." or after a stop, true when the run ended on an error, which is then logged as
 // "Error: " + description (the list file is not written; thumbnails made so
 // far stay). Throws RunError only when the log itself cannot be written.
 bool MaakThumbnails(const std::string& foto_dir, int aantal, const std::vector<std::string>& namen,

@@ -168,6 +168,10 @@ int main(int argc, char** argv) {
       voortgang_bewaard = true;
       Bewaar(&dialoog, "15-voortgang");
     });
+    QObject::connect(&dialoog, &VoortgangDialoog::Einde, &dialoog, [&dialoog] {
+      Bewaar(&dialoog, "16-voltooid");
+      dialoog.findChild<QPushButton*>(QStringLiteral("cmdSluiten"))->click();
+    });
   };
   const ProgramSettings instellingen = d.settings;
   MainWindow w(std::move(d));
@@ -192,7 +196,7 @@ int main(int argc, char** argv) {
   Antwoord("05-kopieervraag", "Ja");
   w.Volgende();
   W<QListWidget>(&w, "lstFotos")->setCurrentRow(1);
-  W<QLineEdit>(&w, "txtBijschrift")->setText("Het strand bij De Koog");
+  W<QLineEdit>(&w, "txtBijschrift")->insert("Het strand bij De Koog");
   Bewaar(&w, "06-stap2");
   Menu(&w, "mnuBewerken", &w, "07-menu-bewerken");
   Antwoord("07b-verwijdervraag", "Nee");
@@ -215,7 +219,7 @@ int main(int argc, char** argv) {
   W<QAction>(&w, "mnuKleurGebruikAchtergrond")->trigger();
 
   ZodraGeopend<QMessageBox>("14-opslaanvraag", [&](QMessageBox* box) {
-    KiesBestand("14b-opslaan-als", tmp.filePath("Zomer.kbs"), [] { Antwoord("16-resultaatvraag", "Nee"); });
+    KiesBestand("14b-opslaan-als", tmp.filePath("Zomer.kbs"));
     Klik(box, "Ja");
   });
   w.Voltooien();

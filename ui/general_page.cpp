@@ -28,6 +28,9 @@ AlgemenePagina::AlgemenePagina(const ProgramSettings& settings, Dialogen& dialog
   txtDatum = Benoemd(new QLineEdit(this), "txtDatum");
   txtBeschrijving = Benoemd(new QPlainTextEdit(this), "txtBeschrijving");
   txtBeschrijving->setTabChangesFocus(true);
+  // A few lines are enough: the folders under it are the fields that must be filled.
+  txtBeschrijving->setFixedHeight(txtBeschrijving->fontMetrics().lineSpacing() * 5 +
+                                  2 * txtBeschrijving->frameWidth() + 8);
   txtInvoerDir = Benoemd(new QLineEdit(this), "txtInvoerDir");
   cmdInvoer = Benoemd(new QPushButton(QStringLiteral("Bladeren..."), this), "cmdInvoer");
   txtUitvoerDir = Benoemd(new QLineEdit(this), "txtUitvoerDir");
@@ -53,7 +56,7 @@ AlgemenePagina::AlgemenePagina(const ProgramSettings& settings, Dialogen& dialog
   raster->addWidget(txtUitvoerDir, 5, 1);
   raster->addWidget(cmdUitvoer, 5, 2);
   raster->addWidget(chkThumbnails, 6, 1, 1, 2);
-  raster->setRowStretch(3, 1);
+  raster->setRowStretch(7, 1);
   raster->setColumnStretch(1, 1);
 
   txtInvoerDir->setToolTip(Q(kInvoerDirUitleg));

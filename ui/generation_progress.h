@@ -3,8 +3,14 @@
 // the thumbnails (photo i of n). The window behind the dialog takes no input
 // but repaints. The files and the log are those of a run on one thread: the
 // run itself is unchanged, only its observers post to the dialog.
+//
+// The dialog stays open when the run has ended, with the whole log, a result
+// line and the buttons that answer the finish question; "Annuleren" stops a
+// run that is still at work between two steps or pages.
 #pragma once
 
+#include <atomic>
+#include <functional>
 #include <string>
 
 #include <QDialog>
@@ -15,16 +21,30 @@
 class QLabel;
 class QPlainTextEdit;
 class QProgressBar;
+class QPushButton;
 
 namespace kiekbord {
 
-// The dialog `frmVoortgang`. It cannot be closed by the user: it closes
-// itself when the run ends.
+// The dialog `frmVoortgang`. While the run works it cannot be closed, only
+// stopped with "Annuleren"; afterwards Escape and "Sluiten" close it.
 class VoortgangDialoog : public QDialog {
   Q_OBJECT
 
  public:
   explicit VoortgangDialoog(QWidget* ouder);
+
+  // Shows the dialog and runs the generation of the script at `script_pad`
+  // on a worker thread. Returns the run's result once the run has ended;
+  // the dialog is still on screen then. `geopend`, when given, is called
+  // with the dialog once it shows, before the run starts (screenshots and
+  // tests).
+  SiteResultaat Genereer(const std::string& script_pad, const ProgramSettings& settings,
+                         const std::function<void(VoortgangDialoog&)>& geopend = {});
+
+  // The end of the run: `uitslag` and the finish question above the log,
+  // with a button `bekijken` (none when empty) and "Sluiten". Returns true
+  // when the user chose `bekijken`. Emits Einde() once the buttons show.
+  bool VraagNaEinde(const QString& uitslag, const QString& bekijken);
 
   // Adds one log line to the list.
   void VoegRegelToe(const QString& regel);
@@ -33,26 +53,30 @@ class VoortgangDialoog : public QDialog {
 
   QPlainTextEdit* logRegels() const { return log_; }
   QProgressBar* voortgangsBalk() const { return balk_; }
+  // The result line and question shown at the end, as plain text.
+  const QString& uitslag() const { return uitslag_; }
+
+ signals:
+  // The run has ended and its result shows.
+  void Einde();
 
  protected:
   void reject() override;
   void closeEvent(QCloseEvent* event) override;
 
  private:
+  void Afbreken();
+
   QLabel* status_;
   QPlainTextEdit* log_;
   QProgressBar* balk_;
+  QPushButton* cmdAnnuleren_;
+  QPushButton* cmdBekijken_;
+  QPushButton* cmdSluiten_;
+  QString uitslag_;
   bool klaar_ = false;
-
-  friend SiteResultaat MaakSiteMetVoortgang(QWidget*, const std::string&, const ProgramSettings&,
-                                            const std::function<void(VoortgangDialoog&)>&);
+  // Set on the window's thread, read by the run's.
+  std::atomic<bool> afbreken_{false};
 };
-
-// Runs the generation of the script at `script_pad` while the progress
-// dialog is shown over `ouder`, and returns the run's result once the dialog
-// has closed. `geopend`, when given, is called with the dialog once it is on
-// screen (screenshots and tests).
-SiteResultaat MaakSiteMetVoortgang(QWidget* ouder, const std::string& script_pad, const ProgramSettings& settings,
-                                   const std::function<void(VoortgangDialoog&)>& geopend = {});
 
 }  // namespace kiekbord

@@ -22,16 +22,16 @@
 #include "editor/photo_import.h"
 #include "editor/photo_list.h"
 #include "editor/wizard_rules.h"
-#include "generator/generation_run.h"
 #include "ui/common_dialogs.h"
 #include "ui/desktop_services.h"
 #include "ui/general_page.h"
-#include "ui/generation_progress.h"
+#include "ui/finish_dialog.h"
 #include "ui/message_boxes.h"
 #include "ui/options_dialog.h"
 #include "ui/photos_page.h"
 #include "ui/resize_dialog.h"
 #include "ui/settings_page.h"
+#include "ui/step_header.h"
 #include "ui/widget_helpers.h"
 
 namespace kiekbord {
@@ -49,6 +49,7 @@ MainWindow::MainWindow(VensterDiensten diensten, QWidget* ouder)
   MaakMenus();
 
   auto* centraal = new QWidget(this);
+  kop_ = new StapKop(centraal);
   stappen_ = Benoemd(new QStackedWidget(centraal), "stpStappen");
   MaakStappen();
 
@@ -68,6 +69,7 @@ MainWindow::MainWindow(VensterDiensten diensten, QWidget* ouder)
   knoppen->addWidget(cmdVoltooien_);
 
   auto* layout = new QVBoxLayout(centraal);
+  layout->addWidget(kop_);
   layout->addWidget(stappen_, 1);
   layout->addLayout(knoppen);
   setCentralWidget(centraal);
@@ -113,6 +115,12 @@ void MainWindow::MaakMenus() {
   connect(mnuBestandAfsluiten_, &QAction::triggered, this, &QWidget::close);
 
   mnuBewerken_ = Benoemd(menuBar()->addMenu(QStringLiteral("Be&werken")), "mnuBewerken");
+  mnuBewerkenOngedaanMaken_ = Actie(mnuBewerken_, "mnuBewerkenOngedaanMaken", QStringLiteral("&Ongedaan maken"));
+  mnuBewerkenOngedaanMaken_->setShortcut(QKeySequence::Undo);
+  connect(mnuBewerkenOngedaanMaken_, &QAction::triggered, this, [this] {
+    if (fotos_->ZetVerwijderdeTerug(d_.settings.maximum_aantal)) Gewijzigd();
+  });
+  mnuBewerken_->addSeparator();
   mnuBewerkenFotoToevoegen_ =
       Actie(mnuBewerken_, "mnuBewerkenFotoToevoegen", QStringLiteral("Foto &toevoegen..."));
   mnuBewerkenFotoVerwijderenGalerij_ =
@@ -251,6 +259,7 @@ bool MainWindow::Activeer() {
 
 void MainWindow::ToonStap() {
   stappen_->setCurrentIndex(stap_ - 1);
+  kop_->ToonStap(stap_);
   const StapToestand t = ToestandVoorStap(stap_);
   cmdVorige_->setEnabled(t.vorige);
   cmdVolgende_->setEnabled(t.volgende);
@@ -294,23 +303,9 @@ void MainWindow::Voltooien() {
   if (script_pad_.empty()) return;
 
   bezig_ = true;
-  const SiteResultaat resultaat = MaakSiteMetVoortgang(this, script_pad_, d_.settings, d_.voortgang_geopend);
+  Voltooiing(this, d_.settings, *d_.meldingen, *d_.bureaublad)
+      .Voer(script_pad_, algemeen_->UitvoerDir(), voorkeuren_.lopende_browser == 1, d_.voortgang_geopend);
   bezig_ = false;
-
-  // Another run held the output directory: nothing was written, not even a log.
-  if (!resultaat.geweigerd.empty()) return d_.meldingen->Toon(this, {MeldingSoort::kWaarschuwing, resultaat.geweigerd});
-  const Afronding afronding =
-      AfrondingNaRun(resultaat.failed == kGelukt, d_.settings, algemeen_->UitvoerDir(), script_pad_);
-  if (!afronding.is_vraag) {
-    d_.meldingen->Toon(this, afronding.melding);
-    return;
-  }
-  if (!d_.meldingen->Vraag(this, afronding.melding)) return;
-  if (afronding.log) {
-    d_.bureaublad->OpenLog(this, afronding.adres);
-  } else {
-    d_.bureaublad->OpenAddress(this, afronding.adres, voorkeuren_.lopende_browser == 1);
-  }
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {
@@ -469,6 +464,7 @@ std::optional<std::string> MainWindow::GekozenFotoPad() const {
 void MainWindow::ZetFotoCommandos() {
   const FotoLijstKnoppen knoppen = FotoLijstToestand(stap_ == 2, fotos_->Rij(), fotos_->fotos().size());
   mnuBewerkenFotoToevoegen_->setEnabled(knoppen.toevoegen);
+  mnuBewerkenOngedaanMaken_->setEnabled(knoppen.toevoegen && fotos_->HeeftVerwijderde());
   fotos_->cmdFotoOmhoog->setEnabled(knoppen.omhoog);
   fotos_->cmdFotoOmlaag->setEnabled(knoppen.omlaag);
   fotos_->ZetRechtopKnoppen();

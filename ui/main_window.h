@@ -41,6 +41,7 @@ class Dialogen;
 class FotoPagina;
 class InstellingenPagina;
 class Meldingen;
+class StapKop;
 class VoortgangDialoog;
 
 // What the window needs from outside.
@@ -160,6 +161,7 @@ class MainWindow : public QMainWindow, private MapControle {
   QAction* mnuBestandLaatste_;
   QAction* mnuBestandAfsluiten_;
   QMenu* mnuBewerken_;
+  QAction* mnuBewerkenOngedaanMaken_;
   QAction* mnuBewerkenFotoToevoegen_;
   QAction* mnuBewerkenFotoVerwijderenGalerij_;
   QAction* mnuBewerkenFotoVerwijderenTotaal_;
@@ -181,6 +183,7 @@ class MainWindow : public QMainWindow, private MapControle {
   QAction* mnuKleurGebruikTekstInKader_;
   QAction* mnuKleurGebruikKader_;
 
+  StapKop* kop_;
   QStackedWidget* stappen_;
   QPushButton* cmdVorige_;
   QPushButton* cmdVolgende_;

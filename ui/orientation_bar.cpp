@@ -9,10 +9,6 @@
 
 namespace kiekbord {
 
-QString FotoLijstTekst(const std::string& naam, bool gedraaid) {
-  return gedraaid ? Q(naam) + QStringLiteral("  \u21BB gedraaid") : Q(naam);
-}
-
 OrientatieBalk::OrientatieBalk(QWidget* ouder) : QWidget(ouder) {
   lblKopieen = Benoemd(new QLabel(this), "lblKopieen");
   lblKopieen->setWordWrap(true);

@@ -13,10 +13,6 @@ class QPushButton;
 
 namespace kiekbord {
 
-// The list text of a photo: its name, followed by a mark when the photo is
-// stored turned (the site shows it so until it is set upright).
-QString FotoLijstTekst(const std::string& naam, bool gedraaid);
-
 class OrientatieBalk : public QWidget {
   Q_OBJECT
 

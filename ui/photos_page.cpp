@@ -24,6 +24,8 @@
 #include "ui/common_dialogs.h"
 #include "ui/message_boxes.h"
 #include "ui/orientation_bar.h"
+#include "ui/photo_item.h"
+#include "ui/photo_thumbnails.h"
 #include "ui/widget_helpers.h"
 
 namespace kiekbord {
@@ -37,7 +39,15 @@ FotoPagina::FotoPagina(std::function<std::string()> uitvoer_dir, std::function<U
   setObjectName(QStringLiteral("fraFotobijschriften"));
   lstFotos = Benoemd(new QListWidget(this), "lstFotos");
   lstFotos->setContextMenuPolicy(Qt::CustomContextMenu);
-  lstFotos->setMinimumWidth(200);
+  lstFotos->setMinimumWidth(260);
+  const int regel = fontMetrics().lineSpacing();
+  const QSize miniatuur(regel * 4, regel * 3);
+  lstFotos->setIconSize(miniatuur);
+  lstFotos->setItemDelegate(new FotoItemWeergave(miniatuur, lstFotos));
+  lstFotos->setUniformItemSizes(true);
+  lstFotos->setDragDropMode(QAbstractItemView::InternalMove);
+  lstFotos->setDefaultDropAction(Qt::MoveAction);
+  miniaturen_ = new Miniaturen(miniatuur * lstFotos->devicePixelRatioF(), this);
   lstBijschriften = Benoemd(new QListWidget(this), "lstBijschriften");
   lstBijschriften->setVisible(false);
   flstDirFotos = Benoemd(new QListWidget(this), "flstDirFotos");
@@ -52,6 +62,7 @@ FotoPagina::FotoPagina(std::function<std::string()> uitvoer_dir, std::function<U
   imgFoto->setAutoFillBackground(true);
   imgFoto->installEventFilter(this);
   lblAantalFotos = Benoemd(new QLabel(this), "lblAantalFotos");
+  lblZonderBijschrift = Benoemd(new QLabel(this), "lblZonderBijschrift");
   lblFotoInfo = Benoemd(new QLabel(this), "lblFotoInfo");
   lblFotoInfo->setTextInteractionFlags(Qt::TextSelectableByMouse);
   lblFotoInfo->setMinimumHeight(lblFotoInfo->fontMetrics().lineSpacing() * 3);
@@ -70,6 +81,7 @@ FotoPagina::FotoPagina(std::function<std::string()> uitvoer_dir, std::function<U
   auto* links = new QVBoxLayout;
   links->addWidget(Bijschrift(QStringLiteral("&Foto's"), lstFotos, this));
   links->addWidget(lstFotos, 1);
+  links->addWidget(lblZonderBijschrift);
   links->addLayout(lijst_knoppen);
   links->addWidget(balk);
 
@@ -80,9 +92,9 @@ FotoPagina::FotoPagina(std::function<std::string()> uitvoer_dir, std::function<U
   rechts->addWidget(txtBijschrift);
 
   auto* layout = new QHBoxLayout(this);
-  layout->addLayout(links, 2);
+  layout->addLayout(links, 1);
   layout->addSpacing(8);
-  layout->addLayout(rechts, 3);
+  layout->addLayout(rechts, 1);
 
   // Tab follows the eye: the list, the buttons under it, then the caption.
   QWidget::setTabOrder(lstFotos, cmdFotoOmhoog);
@@ -97,6 +109,10 @@ FotoPagina::FotoPagina(std::function<std::string()> uitvoer_dir, std::function<U
   connect(voorbeeld_timer_, &QTimer::timeout, this, &FotoPagina::ToonVoorbeeld);
   connect(lstFotos, &QListWidget::currentRowChanged, this, &FotoPagina::FotoGeselecteerd);
   connect(txtBijschrift, &QLineEdit::textEdited, this, &FotoPagina::BijschriftBewerkt);
+  connect(txtBijschrift, &QLineEdit::returnPressed, this, &FotoPagina::NaarVolgende);
+  connect(miniaturen_, &Miniaturen::Klaar, this, &FotoPagina::ZetMiniatuur);
+  connect(lstFotos->model(), &QAbstractItemModel::rowsMoved, this,
+          [this](const QModelIndex&, int van, int, const QModelIndex&, int voor) { Versleept(van, voor); });
   connect(cmdFotoOmhoog, &QPushButton::clicked, this, &FotoPagina::Omhoog);
   connect(cmdFotoOmlaag, &QPushButton::clicked, this, &FotoPagina::Omlaag);
   connect(balk, &OrientatieBalk::RechtopGevraagd, this, &FotoPagina::ZetRechtop);
@@ -105,6 +121,7 @@ FotoPagina::FotoPagina(std::function<std::string()> uitvoer_dir, std::function<U
 void FotoPagina::ZetFotos(std::vector<PhotoEntry> fotos, int selectie) {
   fotos_ = std::move(fotos);
   gedraaid_.clear();
+  verwijderd_.clear();
   ToonLijst(selectie);
 }
 
@@ -124,6 +141,7 @@ bool FotoPagina::Vernieuw(const std::vector<std::string>& nieuw, int maximum) {
     ZetRechtopKnoppen();
     return false;
   }
+  verwijderd_.clear();  // a removed photo may be back already, or gone from the disk
   std::string gekozen;
   if (const auto foto = GekozenFoto()) gekozen = fotos_[*foto].foto;
   fotos_ = std::move(lijst);
@@ -141,8 +159,49 @@ int FotoPagina::Rij() const { return lstFotos->currentRow(); }
 void FotoPagina::VerwijderGekozen() {
   const auto foto = GekozenFoto();
   if (!foto) return;
-  fotos_.erase(fotos_.begin() + static_cast<std::ptrdiff_t>(*foto));
-  ToonLijst(static_cast<int>(*foto));
+  verwijderd_.emplace_back(*foto, fotos_[*foto]);
+  Verwijder(*foto);
+}
+
+void FotoPagina::Verwijder(std::size_t foto) {
+  fotos_.erase(fotos_.begin() + static_cast<std::ptrdiff_t>(foto));
+  ToonLijst(static_cast<int>(foto));
+}
+
+bool FotoPagina::ZetVerwijderdeTerug(int maximum) {
+  if (verwijderd_.empty()) return false;
+  const auto [plek, foto] = verwijderd_.back();
+  const int rij = FotoTerugzetten(fotos_, plek, foto, maximum);
+  if (rij < 0) return false;
+  verwijderd_.pop_back();
+  ToonLijst(rij);
+  return true;
+}
+
+// The list has moved the item with its picture and caption; the record and
+// the hidden caption list follow, and the moved photo stays chosen.
+void FotoPagina::Versleept(int van, int voor) {
+  const int rij = FotoVerplaatsen(fotos_, van, voor > van ? voor - 1 : voor);
+  if (rij == van) return;
+  lstBijschriften->clear();
+  for (const PhotoEntry& foto : fotos_) lstBijschriften->addItem(Q(foto.bijschrift));
+  lstFotos->setCurrentRow(rij);
+  FotoGeselecteerd(rij);
+  emit Gewijzigd();
+}
+
+void FotoPagina::NaarVolgende() {
+  const int volgende = lstFotos->currentRow() + 1;
+  if (volgende < lstFotos->count()) lstFotos->setCurrentRow(volgende);
+}
+
+std::string FotoPagina::Pad(const std::string& naam) const { return WithTrailingSlash(uitvoer_dir_()) + naam; }
+
+void FotoPagina::ZetMiniatuur(const QString& pad) {
+  for (int rij = 0; rij < lstFotos->count(); ++rij) {
+    QListWidgetItem* item = lstFotos->item(rij);
+    if (Q(Pad(S(item->text()))) == pad) item->setIcon(miniaturen_->Icoon(S(pad)));
+  }
 }
 
 
@@ -150,6 +209,8 @@ void FotoPagina::LaadOpnieuw() {
   const int rij = lstFotos->currentRow();
   lstFotos->setCurrentRow(-1);
   lstFotos->setCurrentRow(rij);
+  // A changed photo gets a new picture too (Klaar follows once it is made).
+  if (const auto foto = GekozenFoto()) lstFotos->item(rij)->setIcon(miniaturen_->Icoon(Pad(fotos_[*foto].foto)));
 }
 
 void FotoPagina::Omhoog() {
@@ -176,11 +237,13 @@ void FotoPagina::ToonLijst(int selectie) {
   const std::string map = WithTrailingSlash(uitvoer_dir_());
   for (const PhotoEntry& foto : fotos_) {
     if (!gedraaid_.contains(foto.foto)) gedraaid_[foto.foto] = IsGedraaidOpgeslagen(map + foto.foto);
-    lstFotos->addItem(FotoLijstTekst(foto.foto, gedraaid_[foto.foto]));
+    auto* item = new QListWidgetItem(lstFotos);
+    ZetFotoItem(*item, foto, miniaturen_->Icoon(Pad(foto.foto)), gedraaid_[foto.foto]);
     lstBijschriften->addItem(Q(foto.bijschrift));
   }
   lstFotos->blockSignals(false);
   lblAantalFotos->setText(Q(AantalFotosTekst(fotos_.size())));
+  lblZonderBijschrift->setText(Q(ZonderBijschriftTekst(fotos_)));
   if (selectie >= static_cast<int>(fotos_.size())) selectie = static_cast<int>(fotos_.size()) - 1;
   lstFotos->setCurrentRow(selectie);
   FotoGeselecteerd(selectie);
@@ -252,7 +315,7 @@ void FotoPagina::ToonVoorbeeld() {
     return;
   }
   const std::string naam = fotos_[*foto].foto;
-  const QString pad = Q(WithTrailingSlash(uitvoer_dir_()) + naam);
+  const QString pad = Q(Pad(naam));
   QImageReader lezer(pad);
   // Shown as stored, as the site's pages and thumbnails show it: a photo
   // stored turned looks turned here too, and its size agrees with the info
@@ -288,6 +351,9 @@ void FotoPagina::BijschriftBewerkt(const QString& tekst) {
   if (!foto) return;
   fotos_[*foto].bijschrift = S(tekst);
   lstBijschriften->item(static_cast<int>(*foto))->setText(tekst);
+  ZetFotoItem(*lstFotos->item(static_cast<int>(*foto)), fotos_[*foto], lstFotos->item(static_cast<int>(*foto))->icon(),
+              Gedraaid(*foto));
+  lblZonderBijschrift->setText(Q(ZonderBijschriftTekst(fotos_)));
   emit Gewijzigd();
 }
 
@@ -335,7 +401,7 @@ bool FotoPagina::VerwijderVanSchijf(Meldingen& meldingen) {
     meldingen.Toon(window(), VerwijderFoutMelding(WithTrailingSlash(uit) + naam, status));
     return false;
   }
-  VerwijderGekozen();
+  Verwijder(*foto);  // the file is gone: no way back
   return true;
 }
 

@@ -1,5 +1,7 @@
-// Step 2 of the wizard: the gallery's photos in page order, a caption for
-// each, and a preview of the chosen photo.
+// Step 2 of the wizard: the gallery's photos in page order with their
+// pictures, a caption for each, and a preview of the chosen photo. Photos
+// are reordered with the buttons or by dragging; a photo removed from the
+// gallery can be put back.
 //
 // The page keeps the photo list of the record; the list's rules (which row
 // is a photo, moving, refreshing from the output directory) are editor/'s.
@@ -9,6 +11,7 @@
 #include <map>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include <QGroupBox>
@@ -27,6 +30,7 @@ namespace kiekbord {
 class Dialogen;
 class Meldingen;
 class OrientatieBalk;
+class Miniaturen;
 
 class FotoPagina : public QGroupBox {
   Q_OBJECT
@@ -49,8 +53,12 @@ class FotoPagina : public QGroupBox {
   // The chosen photo's index, when a photo is chosen.
   std::optional<std::size_t> GekozenFoto() const;
   int Rij() const;
-  // Removes the chosen photo; the next one is chosen.
+  // Removes the chosen photo; the next one is chosen. It can be put back.
   void VerwijderGekozen();
+  // Puts the photo last removed back in its place, with its caption, up to
+  // `maximum` photos. True when it came back.
+  bool ZetVerwijderdeTerug(int maximum);
+  bool HeeftVerwijderde() const { return !verwijderd_.empty(); }
   // "Foto toevoegen": the photos the user picks (starting in `invoer_dir`,
   // or the output directory) are copied into the output directory and added
   // without caption, up to `maximum`; each refusal or failure is said. True
@@ -74,6 +82,7 @@ class FotoPagina : public QGroupBox {
   QLineEdit* txtBijschrift;
   QLabel* imgFoto;
   QLabel* lblAantalFotos;
+  QLabel* lblZonderBijschrift;
   QLabel* lblFotoInfo;
   QPushButton* cmdFotoOmhoog;
   QPushButton* cmdFotoOmlaag;
@@ -96,6 +105,12 @@ class FotoPagina : public QGroupBox {
   void ZetRechtop(bool alle);
   // Reads again whether photo `index` is stored turned and shows its mark.
   void ToonMarkering(std::size_t index);
+  void NaarVolgende();
+  // A dragged row: the list moved it from `van` to before row `voor`.
+  void Versleept(int van, int voor);
+  void ZetMiniatuur(const QString& pad);
+  void Verwijder(std::size_t foto);
+  std::string Pad(const std::string& naam) const;
 
   std::function<std::string()> uitvoer_dir_;
   std::function<UserPreferences()> voorkeuren_;
@@ -105,7 +120,10 @@ class FotoPagina : public QGroupBox {
   // moving photos about reads nothing; the chosen photo is read again.
   std::map<std::string, bool> gedraaid_;
   bool Gedraaid(std::size_t index) const;
+  // The photos removed from the gallery, last at the back, with their places.
+  std::vector<std::pair<std::size_t, PhotoEntry>> verwijderd_;
   QTimer* voorbeeld_timer_;
+  Miniaturen* miniaturen_;
 };
 
 }  // namespace kiekbord

@@ -115,8 +115,16 @@ TEST(EditorRules, TranscriptOfEveryRuleAndText) {
     for (const bool gelukt : {true, false}) {
       const Afronding a = AfrondingNaRun(gelukt, s, "/s", "/g/Reis.KBS");
       zet(S("AfrondingNaRun ") + type + " '" + host + "' " + (gelukt ? "gelukt" : "mislukt"),
-          M(a.melding) + " | " + a.adres + " | " + Aan({{"vraag", a.is_vraag}, {"log", a.log}}));
+          M(a.melding) + " | " + a.adres + " | " + Aan({{"vraag", a.is_vraag}, {"log", a.log}}) + " | " +
+              BekijkKnopTekst(a));
     }
+  }
+  for (const int soort : {0, 1, 2, 3}) {
+    SiteResultaat r;
+    r.failed = soort == 0 ? kGelukt : kMislukt;
+    r.afgebroken = soort == 2;
+    if (soort == 3) r.onverwacht = Status::Error(fout::kDiskFull), r.onderwerp = "kb001.html";
+    zet("UitslagNaRun", UitslagNaRun(r));
   }
   // The photos of step 2.
   for (const char* naam : {"a.jpg", "A.JPG", "c_TN.jpg", "c_tn.JPG", "a.jpeg", "jpg", "x.jpg.txt"}) {
@@ -300,6 +308,15 @@ TEST(PhotoList, RefreshMoveCopyRenameAndDelete) {
                         FotoOmlaag(fotos, -1), FotoOmhoog(fotos, 7)}),
             (std::array{0, 1, 2, 1, -1, 7}));
   EXPECT_EQ(fotos, (Fotos{{"a.jpg", ""}, {"c.jpg", "Zee"}, {"weg.jpg", "Kwijt"}}));
+  // Dragging moves one photo past the others; a removed one comes back in its place once.
+  EXPECT_EQ((std::array{FotoVerplaatsen(fotos, 0, 2), FotoVerplaatsen(fotos, 2, 0), FotoVerplaatsen(fotos, 1, 3)}),
+            (std::array{2, 0, 1}));
+  EXPECT_EQ((std::array{FotoTerugzetten(fotos, 1, {"b.jpg", "Duin"}, 9), FotoTerugzetten(fotos, 9, {"b.jpg", ""}, 9),
+                        FotoTerugzetten(fotos, 0, {"d.jpg", ""}, 4)}),
+            (std::array{1, -1, -1}));
+  EXPECT_EQ(fotos, (Fotos{{"a.jpg", ""}, {"b.jpg", "Duin"}, {"c.jpg", "Zee"}, {"weg.jpg", "Kwijt"}}));
+  EXPECT_EQ(ZonderBijschriftTekst(fotos) + "|" + ZonderBijschriftTekst({{"b.jpg", "Duin"}}) + "|" + ZonderBijschriftTekst({}),
+            "1 foto('s) zonder bijschrift|Alle foto's hebben een bijschrift.|");
 
   // Photos are copied into the output directory under lower-case names.
   TempDir in, uit, vol;

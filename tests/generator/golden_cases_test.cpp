@@ -176,7 +176,7 @@ bool GevalTest::SchrijfPaginas() {
   }
   StderrMelder melder;
   ScopedFileSystem scoped(schijf_);
-  SiteRun run{settings, g, log, melder, navigatie, kGelukt, {}};
+  SiteRun run{settings, g, log, melder, navigatie, kGelukt, {}, {}};
   const KopEnCredit kop = KopEnCreditVoor(settings, kDatum);
   std::istringstream namen(schrijvers);
   for (std::string naam; run.failed == kGelukt && namen >> naam;) {

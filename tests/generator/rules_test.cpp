@@ -51,7 +51,7 @@ TEST_F(MetLogTest, AFailureInAStepLogsItsNumberAndDescription) {
   ProgramSettings settings;
   SiteGegevens gegevens;
   StderrMelder melder;
-  SiteRun run{settings, gegevens, run_log_, melder, NavigatieTeksten{}, kGelukt, {}};
+  SiteRun run{settings, gegevens, run_log_, melder, NavigatieTeksten{}, kGelukt, {}, {}};
   BinnenStapgrens(run, [] { throw RunError(fout::kDiskFull); });
   EXPECT_EQ(run.failed, kMislukt);
   BinnenStapgrens(run, [] { throw std::runtime_error("kapot"); });  // the program's own number

@@ -93,7 +93,7 @@ class ThumbnailRun : public ::testing::Test {
     meldingen_.meldingen.clear();
     const test::LogOpname log(marker_ / "run.log");
     const ThumbnailOpties opties{gdi ? marker_.path() : zonder_.path(), gelijktijdig,
-                                 [this](int gedaan, int totaal) { voortgang_.emplace_back(gedaan, totaal); }};
+                                 [this](int gedaan, int totaal) { voortgang_.emplace_back(gedaan, totaal); }, afbreken_};
     const std::string map = dir.empty() ? Dir() : dir;
     const bool fout = MaakThumbnails(map, static_cast<int>(namen.size()), namen, opties, log.log(), meldingen_);
     regels_ = log.regels();
@@ -111,6 +111,7 @@ class ThumbnailRun : public ::testing::Test {
   test::MeldingOpname meldingen_;
   Regels regels_, staart_;
   std::vector<std::pair<int, int>> voortgang_;
+  std::function<bool()> afbreken_;
 };
 
 // Thumbnails and other extensions are passed over (they need not even
@@ -151,6 +152,15 @@ TEST_F(ThumbnailRun, RunsMakeMissingAndChangedThumbnailsAndKeepTheList) {
   EXPECT_FALSE(Run(namen));
   EXPECT_EQ(staart_, Regels({kGelezen, kInlezen, Aanmaken("b_tn.jpg"), Aantal(1), kGeschreven}));
   EXPECT_THAT(test::ReadBytes(Lijst()), ::testing::EndsWith(Sectie("b", "2-1-2027 3:04:05", b.size())));
+}
+
+TEST_F(ThumbnailRun, AStopKeepsTheThumbnailsMadeAndLeavesTheListAlone) {
+  for (const char* naam : {"a.jpg", "b.jpg", "c.jpg"}) Foto(naam, test::EffenJpeg(40, 30));
+  int gevraagd = 0;
+  afbreken_ = [&gevraagd] { return ++gevraagd > 1; };
+  EXPECT_FALSE(Run({"a.jpg", "b.jpg", "c.jpg"}, true, 1));
+  EXPECT_EQ(staart_, Regels({Aanmaken("a_tn.jpg"), Aanmaken("b_tn.jpg")}));
+  EXPECT_EQ(test::BestandenIn(Dir()), Regels({"a.jpg", "a_tn.jpg", "b.jpg", "b_tn.jpg", "c.jpg"}));
 }
 
 TEST_F(ThumbnailRun, FailuresEndTheRunOrAreToldAndPassedOver) {

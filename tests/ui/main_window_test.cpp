@@ -67,16 +67,27 @@ class MainWindowTest : public QObject {
                 .arg(knop).arg(o.Fotos()->currentRow()).arg(o.W("cmdFotoOmhoog")->isEnabled()).arg(o.W("cmdFotoOmlaag")->isEnabled()));
     }
     o.Zie(w.Gegevens().fotos[2].foto + " '" + w.Gegevens().fotos[2].bijschrift + "' '" + o.W<QLineEdit>("txtBijschrift")->text().toStdString() + "'");
+    // Dragging the last photo to the front moves it with its caption; Enter
+    // in the caption goes on to the next photo. Each item shows its caption
+    // or the mark, and the count line counts the marks.
+    o.Fotos()->model()->moveRow(QModelIndex(), 2, QModelIndex(), 0);
+    QTRY_COMPARE(o.Fotos()->currentRow(), 0);
+    QTest::keyClick(o.W("txtBijschrift"), Qt::Key_Return);
+    QStringList items;
+    for (int i = 0; i < o.Fotos()->count(); ++i) items << o.Fotos()->item(i)->toolTip();
+    o.Zie("gesleept: " + Items(o.Fotos()).join(' ') + " (" + items.join(", ") + "), rij " + QString::number(o.Fotos()->currentRow()) + ", " + o.W<QLabel>("lblZonderBijschrift")->text());
     // Added photos are copied in under lower-case names and chosen, a
     // thumbnail is refused; removing from the gallery keeps the file, from
     // the disk asks first.
     o.antwoorden = {elders + "Nieuw.JPG|" + elders + "klein_tn.jpg"};
     o.Actie("mnuBewerkenFotoToevoegen")->trigger();
     o.Actie("mnuBewerkenFotoVerwijderenGalerij")->trigger();
+    o.Actie("mnuBewerkenOngedaanMaken")->trigger();  // back in its place; the disk's removal below has no way back
     o.Fotos()->setCurrentRow(0);
     o.antwoorden = {"ja"};
     o.Actie("mnuBewerkenFotoVerwijderenTotaal")->trigger();
-    o.Zie("lijst: " + Items(o.Fotos()).join(' ') + ", map: " + QDir(QString::fromStdString(uit)).entryList(QDir::Files).join(' '));
+    o.Zie("lijst: " + Items(o.Fotos()).join(' ') + ", map: " + QDir(QString::fromStdString(uit)).entryList(QDir::Files).join(' ') +
+          ", ongedaan maken " + (o.Actie("mnuBewerkenOngedaanMaken")->isEnabled() ? "aan" : "uit"));
     WriteBytes(uit + "kapot.jpg", "geen jpeg");  // no readable photo: no preview
     o.antwoorden = {uit + "kapot.jpg"};
     w.FotoToevoegen();
@@ -199,12 +210,17 @@ class MainWindowTest : public QObject {
     const std::string in = o.Map("in", {{"Haven.JPG", 160, 120}, {"duinen.jpg", 64, 48}, {"strand.jpg", 80, 60}});
     const std::string site = o.Map("site"), script = o.basis + "Zomer.kbs";
     QString getoond;  // the progress dialog: modal, its title, the log lines it showed and its bar
+    const char* knop = "cmdBekijken";  // the answer at the end
+    bool afbreken = false;
     o.diensten.voortgang_geopend = [&](VoortgangDialoog& dialoog) {
       getoond = dialoog.windowTitle() + (QApplication::activeModalWidget() == &dialoog ? " modaal" : "");
       QTest::keyClick(&dialoog, Qt::Key_Escape);  // must not end the dialog while the run works
-      QObject::connect(&dialoog, &QDialog::finished, &dialoog, [&] {
+      if (afbreken) dialoog.findChild<QPushButton*>(QStringLiteral("cmdAnnuleren"))->click();
+      QObject::connect(&dialoog, &VoortgangDialoog::Einde, &dialoog, [&] {
         getoond += QStringLiteral(" %1/%2\n").arg(dialoog.voortgangsBalk()->value()).arg(dialoog.voortgangsBalk()->maximum());
         getoond += dialoog.logRegels()->toPlainText() + "\n";
+        o.Zie("einde: " + dialoog.uitslag() + " [" + dialoog.findChild<QPushButton*>(knop)->text() + "]");
+        dialoog.findChild<QPushButton*>(knop)->click();
       });
     };
     o.Start();
@@ -215,17 +231,26 @@ class MainWindowTest : public QObject {
     QTest::keyClicks(o.W("txtBijschrift"), QStringLiteral("Foto 1"));
     o.Klik("cmdVolgende");
     o.W<QComboBox>("cboSjabloon")->setCurrentText(QStringLiteral("Klassiek"));
-    // A new gallery is saved first, then generated; "Ja" shows the result.
-    o.antwoorden = {"ja", script, "ja"};
+    // A new gallery is saved first, then generated; the dialog stays with
+    // the log, and its button shows the result.
+    o.antwoorden = {"ja", script};
     o.Klik("cmdVoltooien");
     const std::string log = ReadBytes(o.basis + "zomer.log");
     QCOMPARE(getoond, "Kiekbord - Kiekbord aanmaken modaal 3/3\n" + QString::fromStdString(log).replace(QStringLiteral("\r\n"), QStringLiteral("\n")));
     QVERIFY(log.find("Normaal einde.") != std::string::npos && QFile::exists(QString::fromStdString(site + "haven_tn.jpg")));
+    // Stopped before its first page, the run writes none and says so.
+    afbreken = true;
+    knop = "cmdSluiten";
+    QFile::remove(QString::fromStdString(site + "index.html"));
+    o.Klik("cmdVoltooien");
+    o.Zie("index.html: " + std::to_string(QFile::exists(QString::fromStdString(site + "index.html"))));
+    const std::string gestopt = ReadBytes(o.basis + "zomer.log");
+    QVERIFY(gestopt.find("Generatie afgebroken door de gebruiker.\r\nAbnormaal einde.") != std::string::npos);
     // While another run holds the output directory the finish only says so.
     std::unique_ptr<DirectoryLock> slot;
     QVERIFY(LocalFileSystem().LockDirectory(site, slot).ok());
     o.Klik("cmdVoltooien");
-    QCOMPARE(ReadBytes(o.basis + "zomer.log"), log);
+    QCOMPARE(ReadBytes(o.basis + "zomer.log"), gestopt);
     o.Einde("verloop_voltooien");
   }
 };
