@@ -524,7 +524,7 @@ function startServer() {
     const foto = soort === 'image/jpeg';
     setTimeout(() => {
       if (foto) server.fotoBytes += inhoud.length;
-      antwoord.writeHead(200, { 'Content-Type': soort, 'Cache-Control': 'max-age=600' }).end(inhoud);
+      antwoord.writeHead(200, { 'Content-Type': soort, 'Cache-Control': 'no-store' }).end(inhoud);
     }, foto ? 400 : 0);
   });
   server.fotoBytes = 0;
