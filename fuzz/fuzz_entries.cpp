@@ -169,7 +169,7 @@ std::string FuzzScriptReader(std::string_view input) {
   LineTable geschreven(capaciteit::kScript);
   const Status status = ScriptSchrijven(eerst.script, std::chrono::year{2026} / 11 / 21, geschreven);
   if (!status.ok()) {
-    const bool te_lang = RegelsVoorScript(eerst.script.fotos.size()) > static_cast<std::size_t>(geschreven.capacity());
+    const bool te_lang = RegelsVoorScript(eerst.script.fotos.size(), WebformaatSchrijven(eerst.script)) > static_cast<std::size_t>(geschreven.capacity());
     return te_lang ? "" : "ScriptSchrijven: " + status.description();
   }
   const ScriptGelezen opnieuw = ScriptLezen(geschreven, omgeving, mappen);

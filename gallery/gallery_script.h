@@ -55,6 +55,11 @@ struct GalleryScript {
   std::int32_t kleur_achtergrond = 16777215;
   std::int32_t kleur_tekst_in_kader = 16777215;
   std::int32_t kleur_kader = 13421772;
+  // Web-sized copies of the photos and the page fields that use them.
+  bool webformaat = false;
+  // The script read had the "Webformaat" key. A script without it that has
+  // the setting off is written without it too, so it keeps its bytes.
+  bool webformaat_in_script = false;
 
   bool operator==(const GalleryScript&) const = default;
 };
@@ -80,6 +85,7 @@ inline constexpr std::string_view kFoto = "Foto";
 inline constexpr std::string_view kBijschrift = "Bijschrift";
 inline constexpr std::string_view kSjabloon = "Sjabloon";
 inline constexpr std::string_view kAantalFotosPerPagina = "AantalFotosPerPagina";
+inline constexpr std::string_view kWebformaat = "Webformaat";
 }  // namespace script_sleutel
 
 // The lists of choices, in list order; the script stores the 0-based index.
@@ -138,6 +144,12 @@ inline constexpr std::array<KleurVeld, 4> kKleurVelden = {{
     {"KleurTekstInKader", &GalleryScript::kleur_tekst_in_kader, 16777215, 0, 0},
     {"KleurKader", &GalleryScript::kleur_kader, 13421772, 13421772, 13421772},
 }};
+
+// Whether the script writer writes the "Webformaat" key: when the setting
+// is on, or when the script it came from had the key.
+inline bool WebformaatSchrijven(const GalleryScript& script) {
+  return script.webformaat || script.webformaat_in_script;
+}
 
 // The photo section of photo `nummer` (from 1): "Foto" and the number with
 // at least three digits ("Foto001", "Foto042", "Foto1000").

@@ -19,7 +19,8 @@ using namespace script_sleutel;
 
 constexpr std::string_view kFotobijschriften = "Fotobijschriften";
 constexpr std::string_view kOudeFotoSleutel = "Foto:*";
-// Stands in for a missing "KleurTekstOpAchtergrond"; no colour reads as it.
+// Stands in for a missing "KleurTekstOpAchtergrond" or "Webformaat"; no
+// value of either reads as it.
 constexpr std::string_view kGeenKleur = "xxx";
 constexpr std::string_view kRegeleinde = "\r\n";
 
@@ -254,6 +255,13 @@ void LeesKleuren(const LineTable& tabel, GalleryScript& script) {
   for (const KleurVeld& veld : kKleurVelden) script.*veld.kleur = Kleur(KleurWaarde(tabel, veld), veld.terugval);
 }
 
+// On exactly when "1", as the generation run reads it.
+void LeesWebformaat(const LineTable& tabel, GalleryScript& script) {
+  const std::string waarde = Instelling(tabel, kWebformaat, kGeenKleur);
+  script.webformaat_in_script = waarde != kGeenKleur;
+  script.webformaat = waarde == "1";
+}
+
 }  // namespace
 
 bool MappenZonderVenster::ControleerUitvoerDir(const std::string& directory) {
@@ -269,6 +277,7 @@ ScriptGelezen ScriptLezen(const LineTable& tabel, const LeesOmgeving& omgeving, 
   LeesSjabloon(tabel, omgeving, gelezen);
   LeesKeuzes(tabel, gelezen.script);
   LeesKleuren(tabel, gelezen.script);
+  LeesWebformaat(tabel, gelezen.script);
   return gelezen;
 }
 

@@ -73,17 +73,18 @@ void SchrijfInstellingen(ScriptRegels& uit, const GalleryScript& script) {
   uit.Sleutel(kAantalFotosPerPagina, script.aantal_fotos_per_pagina);
   for (const KeuzeVeld& veld : kKeuzeVelden) uit.Getal(veld.sleutel, script.*veld.index);
   for (const KleurVeld& veld : kKleurVelden) uit.Getal(veld.sleutel, script.*veld.kleur);
+  if (WebformaatSchrijven(script)) uit.Sleutel(kWebformaat, script.webformaat ? "1" : "0");
 }
 
 }  // namespace
 
-std::size_t RegelsVoorScript(std::size_t aantal_fotos) {
-  return kVasteRegels + kRegelsPerFoto * aantal_fotos;
+std::size_t RegelsVoorScript(std::size_t aantal_fotos, bool met_webformaat) {
+  return kVasteRegels + (met_webformaat ? 1 : 0) + kRegelsPerFoto * aantal_fotos;
 }
 
 Status ScriptSchrijven(const GalleryScript& script, const std::chrono::year_month_day& aanmaakdatum,
                        LineTable& tabel) {
-  const std::size_t nodig = RegelsVoorScript(script.fotos.size());
+  const std::size_t nodig = RegelsVoorScript(script.fotos.size(), WebformaatSchrijven(script));
   if (nodig > static_cast<std::size_t>(tabel.capacity())) {
     return Status::Error(fout::kSubscriptOutOfRange);
   }

@@ -19,9 +19,10 @@
 namespace kiekbord {
 
 // The lines a script of `aantal_fotos` photos takes: 28 fixed lines (headers
-// included) and 3 per photo. The script's own table (1024 lines) therefore
-// holds at most 332 photos, well above the program's limit of 300.
-std::size_t RegelsVoorScript(std::size_t aantal_fotos);
+// included), one more with the "Webformaat" key, and 3 per photo. The
+// script's own table (1024 lines) therefore holds at most 332 photos, well
+// above the program's limit of 300.
+std::size_t RegelsVoorScript(std::size_t aantal_fotos, bool met_webformaat = false);
 
 // Fills `tabel` with the script of `script`, dated `aanmaakdatum` (written as
 // the Dutch long date). On success the table holds exactly the script's lines

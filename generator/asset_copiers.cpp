@@ -1,5 +1,6 @@
 #include "generator/asset_copiers.h"
 
+#include <algorithm>
 #include <cstdint>
 #include <string_view>
 #include <vector>
@@ -57,19 +58,43 @@ bool IsGezocht(const std::string& naam, std::string_view patroon, const AssetSoo
   return EndsWith(lower, patroon.substr(1)) && lower != soort.uitgesloten;
 }
 
-// The names to copy, in listing order, at most kMaxBestanden. A template
-// directory that cannot be listed holds none.
-std::vector<std::string> ZoekAssets(const std::string& sjabloon_dir, const AssetSoort& soort) {
+// A file to copy: its folder in the template set ("" or "web/") and name.
+struct Asset {
+  std::string map;
+  std::string naam;
+};
+
+std::vector<std::string> ZoekNamen(const std::string& map, const AssetSoort& soort) {
   std::vector<std::string> gevonden;
   for (const std::string_view patroon : soort.patronen) {
     std::vector<std::string> namen;
-    if (!Fs().ListFiles(sjabloon_dir, std::string(patroon), namen).ok()) continue;
+    if (!Fs().ListFiles(map, std::string(patroon), namen).ok()) continue;
     for (const std::string& naam : namen) {
-      if (!IsGezocht(naam, patroon, soort)) continue;
-      gevonden.push_back(naam);
-      if (gevonden.size() == kMaxBestanden) return gevonden;
+      if (IsGezocht(naam, patroon, soort)) gevonden.push_back(naam);
     }
   }
+  return gevonden;
+}
+
+// The names to copy, in listing order, at most kMaxBestanden. A template
+// directory that cannot be listed holds none. With "Webformaat" the set's
+// subfolder "web/" adds its files after the set's own, and one of the same
+// name (in lower case) takes the set's one's place.
+std::vector<Asset> ZoekAssets(const std::string& sjabloon_dir, const AssetSoort& soort, bool webformaat) {
+  std::vector<Asset> gevonden;
+  for (std::string& naam : ZoekNamen(sjabloon_dir, soort)) gevonden.push_back({"", std::move(naam)});
+  if (webformaat) {
+    for (std::string& naam : ZoekNamen(sjabloon_dir + "web/", soort)) {
+      const auto zelfde = std::find_if(gevonden.begin(), gevonden.end(),
+                                       [&](const Asset& a) { return Lower(a.naam) == Lower(naam); });
+      if (zelfde != gevonden.end()) {
+        *zelfde = {"web/", std::move(naam)};
+      } else {
+        gevonden.push_back({"web/", std::move(naam)});
+      }
+    }
+  }
+  if (gevonden.size() > kMaxBestanden) gevonden.resize(kMaxBestanden);
   return gevonden;
 }
 
@@ -93,13 +118,13 @@ bool IsActueel(const std::string& bron, const std::string& doel) {
 }
 
 void KopieerAssets(const std::string& sjabloon_dir, const std::string& uitvoer_dir,
-                   const AssetSoort& soort, GenerationLog& log) {
-  const std::vector<std::string> namen = ZoekAssets(sjabloon_dir, soort);
+                   const AssetSoort& soort, bool webformaat, GenerationLog& log) {
+  const std::vector<Asset> namen = ZoekAssets(sjabloon_dir, soort, webformaat);
   log.SchrijfLog(namen.empty() ? std::string(soort.geen_gevonden)
                            : std::to_string(namen.size()) + std::string(soort.gevonden));
   std::size_t gekopieerd = 0;
-  for (const std::string& naam : namen) {
-    const std::string bron = sjabloon_dir + naam;
+  for (const auto& [map, naam] : namen) {
+    const std::string bron = sjabloon_dir + map + naam;
     // The copy's name is lower case, so that is the name to look for: on a
     // case-sensitive disk the template's own spelling would never be found
     // and the file would be copied on every run.
@@ -115,16 +140,19 @@ void KopieerAssets(const std::string& sjabloon_dir, const std::string& uitvoer_d
 
 }  // namespace
 
-void KopieerAfbeeldingen(const std::string& sjabloon_dir, const std::string& uitvoer_dir, GenerationLog& log) {
-  KopieerAssets(sjabloon_dir, uitvoer_dir, kAfbeeldingen, log);
+void KopieerAfbeeldingen(const std::string& sjabloon_dir, const std::string& uitvoer_dir, GenerationLog& log,
+                         bool webformaat) {
+  KopieerAssets(sjabloon_dir, uitvoer_dir, kAfbeeldingen, webformaat, log);
 }
 
-void KopieerScripts(const std::string& sjabloon_dir, const std::string& uitvoer_dir, GenerationLog& log) {
-  KopieerAssets(sjabloon_dir, uitvoer_dir, kScripts, log);
+void KopieerScripts(const std::string& sjabloon_dir, const std::string& uitvoer_dir, GenerationLog& log,
+                    bool webformaat) {
+  KopieerAssets(sjabloon_dir, uitvoer_dir, kScripts, webformaat, log);
 }
 
-void KopieerStijlbladen(const std::string& sjabloon_dir, const std::string& uitvoer_dir, GenerationLog& log) {
-  KopieerAssets(sjabloon_dir, uitvoer_dir, kStijlbladen, log);
+void KopieerStijlbladen(const std::string& sjabloon_dir, const std::string& uitvoer_dir, GenerationLog& log,
+                        bool webformaat) {
+  KopieerAssets(sjabloon_dir, uitvoer_dir, kStijlbladen, webformaat, log);
 }
 
 }  // namespace kiekbord

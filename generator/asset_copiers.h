@@ -5,7 +5,10 @@
 // many it copied. A file is copied when the output directory lacks it or
 // when the modification times differ (older or newer alike); the copy gets a
 // lower-case file name and the source's modification time, so an unchanged
-// template file is skipped on the next run.
+// template file is skipped on the next run. With `webformaat` the set's
+// subfolder "web/" adds its files of the kind, after the set's own, and a
+// file there replaces the set's file of the same name; without it the
+// subfolder is never looked at.
 #pragma once
 
 #include <string>
@@ -17,13 +20,16 @@ namespace kiekbord {
 // "*.gif", then "*.jpg": at most 512 images together, the ".gif" files
 // first. Throws RunError when a copy fails; a missing template directory
 // finds nothing.
-void KopieerAfbeeldingen(const std::string& sjabloon_dir, const std::string& uitvoer_dir, GenerationLog& log);
+void KopieerAfbeeldingen(const std::string& sjabloon_dir, const std::string& uitvoer_dir, GenerationLog& log,
+                         bool webformaat = false);
 
 // "*.js": at most 512 scripts. Throws RunError when a copy fails.
-void KopieerScripts(const std::string& sjabloon_dir, const std::string& uitvoer_dir, GenerationLog& log);
+void KopieerScripts(const std::string& sjabloon_dir, const std::string& uitvoer_dir, GenerationLog& log,
+                    bool webformaat = false);
 
 // "*.css" except "kb.css", which the style sheet writer makes: at most 512.
 // Throws RunError when a copy fails.
-void KopieerStijlbladen(const std::string& sjabloon_dir, const std::string& uitvoer_dir, GenerationLog& log);
+void KopieerStijlbladen(const std::string& sjabloon_dir, const std::string& uitvoer_dir, GenerationLog& log,
+                        bool webformaat = false);
 
 }  // namespace kiekbord

@@ -12,6 +12,7 @@
 #include "base/keyed_text_file.h"
 #include "base/text.h"
 #include "base/text_helpers.h"
+#include "generator/web_fields.h"
 
 namespace kiekbord {
 namespace {
@@ -52,6 +53,7 @@ SiteGegevens LeesScriptWaarden(const LineTable& script, GenerationLog& log) {
   const double aantal_fotos = LeadingNumber(algemeen(kAantalFotos, "0"));
   g.sjabloon = instelling(kSjabloon, "Klassiek");
   g.fotos_per_pagina = instelling(kAantalFotosPerPagina, "1");
+  g.webformaat = instelling(kWebformaat, "0");
   for (std::size_t i = 0; i < kKeuzeVelden.size(); ++i) {
     g.*kKeuzeTeksten[i] = instelling(kKeuzeVelden[i].sleutel, std::to_string(kKeuzeVelden[i].standaard));
   }
@@ -264,10 +266,13 @@ std::int16_t RunSteps(const std::string& script_path, const SiteOmgeving& omgevi
   SiteRun run{omgeving.settings, gegevens, log, omgeving.melder, NavigatieTeksten{}, failed, omgeving.voortgang,
               omgeving.afbreken};
   if (run.failed == kGelukt) LeesNavigatieTeksten(gegevens.sjabloon_ini, run.navigatie, log);
+  if (run.failed == kGelukt && gegevens.WebformaatAan()) LeesWebSizes(gegevens);
   if (run.failed == kGelukt) RuimTijdelijkeBestandenOp(gegevens);
   if (run.failed == kGelukt && !Afgebroken(run)) VerwijderOudePaginas(gegevens, log);
 
   const SiteSteps& steps = omgeving.steps;
+  // The copies come first: every page that names one looks whether it is there.
+  if (gegevens.WebformaatAan()) Voer(steps.webkopieen, run);
   Voer(steps.titel_pagina, run);
   if (gegevens.OverzichtAan()) {
     Voer(steps.thumbnails, run);

@@ -7,6 +7,7 @@
 #include "generator/page_lines.h"
 #include "generator/photo_page_navigation.h"
 #include "generator/repeat_block.h"
+#include "generator/web_fields.h"
 #include "base/text_helpers.h"
 #include "images/photo_properties.h"
 
@@ -24,6 +25,10 @@ struct OverzichtFoto {
   std::string link_met_maat;
   std::string link_zonder_maat;
   std::string bijschrift;
+  // With "Webformaat" only.
+  std::string origineel;
+  std::string verhouding;
+  std::string mini_verhouding;
 };
 
 OverzichtFoto OverzichtFotoVan(const SiteGegevens& g, int nummer) {
@@ -47,7 +52,15 @@ OverzichtFoto OverzichtFotoVan(const SiteGegevens& g, int nummer) {
   const std::string maat =
       afmeting ? " width=\"" + foto.breedte + "\" height=\"" + foto.hoogte + "\"" : "";
   const std::string bron = "<img src=\"" + BestandsLink(foto.thumbnail) + "\"";
-  const std::string rand_en_alt = " border=\"0\"" + AltAttribuut(nummer, n) + ">";
+  std::string web;
+  if (g.WebformaatAan()) {
+    const std::string& naam = g.foto_namen[index];
+    web = WebAttributen(MiniSrcset(g.uitvoer_dir, foto.thumbnail), "", nummer == 1);
+    foto.origineel = BestandsLink(naam);
+    foto.verhouding = Verhouding(PaginaMaat(g.uitvoer_dir + naam));
+    foto.mini_verhouding = Verhouding(afmeting);
+  }
+  const std::string rand_en_alt = " border=\"0\"" + AltAttribuut(nummer, n) + web + ">";
   foto.met_maat = bron + maat + rand_en_alt;
   foto.zonder_maat = bron + rand_en_alt;
   const std::string doel =
@@ -58,8 +71,8 @@ OverzichtFoto OverzichtFotoVan(const SiteGegevens& g, int nummer) {
   return foto;
 }
 
-std::vector<Veld> BlokVelden(const OverzichtFoto& foto, int nummer, int aantal) {
-  return {{"AANTALFOTOS", std::to_string(aantal)},
+std::vector<Veld> BlokVelden(const OverzichtFoto& foto, int nummer, int aantal, bool webformaat) {
+  std::vector<Veld> velden = {{"AANTALFOTOS", std::to_string(aantal)},
           {"LINKFOTO", foto.link_met_maat},
           {"LINKFOTO2", foto.link_zonder_maat},
           {"FOTONUMMER", std::to_string(nummer)},
@@ -70,6 +83,12 @@ std::vector<Veld> BlokVelden(const OverzichtFoto& foto, int nummer, int aantal) 
           {"FOTOBREEDTE", foto.breedte},
           {"FOTOHOOGTE", foto.hoogte},
           {"BIJSCHRIFT", foto.bijschrift}};
+  if (webformaat) {
+    velden.push_back({"FOTOORIGINEEL", foto.origineel});
+    velden.push_back({"FOTOVERHOUDING", foto.verhouding});
+    velden.push_back({"MINIVERHOUDING", foto.mini_verhouding});
+  }
+  return velden;
 }
 
 // Writes the block pass after pass, `c` the photo to show next. A filled
@@ -96,7 +115,7 @@ void SchrijfBlokken(BlokPagina& pagina, const SiteGegevens& g, const SiteRun& ru
           foto = OverzichtFotoVan(g, c);
           voorbereid = c;
         }
-        VulVelden(regel, BlokVelden(foto, c, n), pagina.ScriptBijBegin(i));
+        VulVelden(regel, BlokVelden(foto, c, n, g.WebformaatAan()), pagina.ScriptBijBegin(i));
       }
       const bool schuift = f != std::string::npos && regel != sjabloon_regel &&
                            sjabloon_regel.find("++", f) != std::string::npos;

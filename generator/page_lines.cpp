@@ -118,7 +118,7 @@ void PaginaRegels::VerwerkAlle(LineTable& table) {
 bool LeesSjabloonGelogd(const std::string& path, LineTable& table, SiteRun& run,
                         SjabloonLezer lees) {
   run.log.SchrijfLog("Inlezen sjabloon " + path + "...");
-  if (!lees(path, table).ok()) {
+  if (!lees(path, table, run.gegevens.WebformaatAan()).ok()) {
     run.log.SchrijfLog("Fout bij inlezen sjabloon: " + table.CountSlot());
     run.failed = kMislukt;
     return false;

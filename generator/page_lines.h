@@ -122,11 +122,12 @@ class PaginaRegels {
   std::string uitlijning_;
 };
 
-// Reads a template into a line table; LeesSjabloon for pages, a LeesRegels
-// reader for the style sheet.
-using SjabloonLezer = Status (*)(const std::string& path, LineTable& table);
+// Reads a template into a line table, its lines chosen by WebRegels;
+// LeesSjabloon for pages, a LeesRegels reader for the style sheet.
+using SjabloonLezer = Status (*)(const std::string& path, LineTable& table, bool webformaat);
 
-// Logs "Inlezen sjabloon <path>...", reads the template with `lees` and logs
+// Logs "Inlezen sjabloon <path>...", reads the template with `lees` (for
+// the run's "Webformaat") and logs
 // "Sjabloon <path> ingelezen.": true. On failure logs "Fout bij inlezen
 // sjabloon: " + the count slot, sets run.failed and returns false.
 bool LeesSjabloonGelogd(const std::string& path, LineTable& table, SiteRun& run,

@@ -1,11 +1,14 @@
 #include "generator/photo_pages.h"
 
+#include <algorithm>
+
 #include "base/file_system.h"
 #include "base/line_table.h"
 #include "base/generation_log.h"
 #include "generator/page_lines.h"
 #include "generator/photo_page_navigation.h"
 #include "generator/repeat_block.h"
+#include "generator/web_fields.h"
 #include "base/text_helpers.h"
 #include "images/photo_properties.h"
 
@@ -21,6 +24,7 @@ struct FotoTeksten {
   std::string zonder_maat;
   std::string volgende_foto;  // the next-photo link
   std::string anker;
+  std::string verhouding;  // "W / H", with "Webformaat" only
 };
 
 // Where photo `nummer` stands: on page `pagina`, last on it or not.
@@ -28,6 +32,7 @@ struct FotoPlaats {
   int nummer = 1;
   int pagina = 1;
   bool laatste_op_pagina = false;
+  bool eerste_op_pagina = false;
 };
 
 // What every page of the run shares.
@@ -40,7 +45,12 @@ struct FotoRun {
   std::string overzicht;
   std::string namen_lijst;
   std::string bijschriften_lijst;
+  std::string dia_gegevens;  // with "Webformaat" only
 };
+
+// Stands for the slideshow's data in the page lines, which may hold no more
+// than 32767 characters; swapped for the data once the page is assembled.
+constexpr std::string_view kDiaGegevensPlek = "\x01\x02KBDIAGEGEVENS\x02\x01";
 
 std::string VolgendeFotoLink(const FotoRun& run, const FotoPlaats& plaats) {
   if (plaats.nummer == run.g.AantalFotos() || run.paginering.per_pagina == 1) return "";
@@ -69,8 +79,13 @@ FotoTeksten FotoTekstenVan(const FotoRun& run, const FotoPlaats& plaats) {
   const std::string namen = " name=\"img" + nummer + "\" id=\"img" + nummer + "\"";
   const std::string alt = AltAttribuut(plaats.nummer, g.AantalFotos());
   const std::string bron = " src=\"" + BestandsLink(foto.naam) + "\"";
-  foto.met_maat = "<img" + namen + bron + maat + alt + ">";
-  foto.zonder_maat = "<img" + namen + bron + alt + ">";
+  std::string web;
+  if (g.WebformaatAan()) {
+    web = WebAttributen(FotoSrcset(g.uitvoer_dir, foto.naam, afmeting), g.foto_sizes, plaats.eerste_op_pagina);
+    foto.verhouding = Verhouding(afmeting);
+  }
+  foto.met_maat = "<img" + namen + bron + maat + alt + web + ">";
+  foto.zonder_maat = "<img" + namen + bron + alt + web + ">";
   foto.volgende_foto = VolgendeFotoLink(run, plaats);
   foto.anker = "<a name=\"foto" + nummer + "\"></a>";
   return foto;
@@ -78,6 +93,18 @@ FotoTeksten FotoTekstenVan(const FotoRun& run, const FotoPlaats& plaats) {
 
 // Head and tail: the navigation, the name list and the size of the page's
 // first photo.
+// The fields of "Webformaat": photo `nummer`, on a page of photos `eerste`
+// to `laatste`.
+void VoegWebVeldenToe(std::vector<Veld>& velden, const FotoRun& run, const FotoTeksten& foto, int nummer,
+                      int eerste, int laatste) {
+  if (!run.g.WebformaatAan()) return;
+  velden.push_back({"FOTOORIGINEEL", BestandsLink(foto.naam)});
+  velden.push_back({"FOTOVERHOUDING", foto.verhouding});
+  const std::string& bijschrift = run.g.bijschriften[static_cast<std::size_t>(nummer - 1)];
+  velden.push_back({"PAGINATITEL", PaginaTitelVan(eerste, laatste, bijschrift)});
+  velden.push_back({"DIAGEGEVENS", std::string(kDiaGegevensPlek)});
+}
+
 std::vector<Veld> KopVelden(const FotoRun& run, const PaginaNavigatie& nav,
                             const FotoTeksten& eerste) {
   return {{"AANTALFOTOS", std::to_string(run.g.AantalFotos())},
@@ -129,20 +156,25 @@ int SchrijfFotoPagina(const FotoRun& run, const LineTable& sjabloon, HerhaalBlok
 
   BlokPagina pagina_tekst(sjabloon, blok);
   const auto teksten_van = [&](int nummer, int k) {
-    return FotoTekstenVan(run, FotoPlaats{nummer, pagina, k == run.paginering.per_pagina});
+    return FotoTekstenVan(run, FotoPlaats{nummer, pagina, k == run.paginering.per_pagina, k == 1});
   };
+  const int laatste = std::min(eerste + run.paginering.per_pagina - 1, g.AantalFotos());
   // The head shows the size of the page's first photo; the block's first
   // pass shows that photo again.
   const FotoTeksten eerste_foto = teksten_van(eerste, 1);
-  const std::vector<Veld> kop = KopVelden(run, nav, eerste_foto);
+  std::vector<Veld> kop = KopVelden(run, nav, eerste_foto);
+  VoegWebVeldenToe(kop, run, eerste_foto, eerste, eerste, laatste);
   pagina_tekst.SchrijfKop(kop);
 
   int nummer = eerste;
   for (int k = 1; k <= run.paginering.per_pagina && nummer <= g.AantalFotos(); ++k, ++nummer) {
     const FotoTeksten foto = k == 1 ? eerste_foto : teksten_van(nummer, k);
-    pagina_tekst.SchrijfBlok(BlokVelden(run, nav, foto, nummer));
+    std::vector<Veld> velden = BlokVelden(run, nav, foto, nummer);
+    VoegWebVeldenToe(velden, run, foto, nummer, eerste, laatste);
+    pagina_tekst.SchrijfBlok(velden);
   }
   pagina_tekst.SchrijfStaart(kop);
+  if (g.WebformaatAan()) pagina_tekst.VervangNa(kDiaGegevensPlek, run.dia_gegevens);
   pagina_tekst.Bewaar(pad);
   return nummer;
 }
@@ -180,7 +212,8 @@ void MaakFotoPaginas(SiteRun& run, const KopEnCredit& kop) {
                            HomeLink(run.navigatie),
                            OverzichtLink(run.navigatie, g),
                            FotoNamenLijst(g.foto_namen),
-                           BijschriftenLijst(g.bijschriften)};
+                           BijschriftenLijst(g.bijschriften),
+                           g.WebformaatAan() ? DiaGegevens(g) : ""};
     PaginaVelden velden = PaginaVeldenVan(g);
     velden.subtitel = SubtitelOfTitel(g);
     // The description belongs to the title and overview pages only.

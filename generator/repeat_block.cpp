@@ -90,6 +90,13 @@ void BlokPagina::Voeg(std::string_view line) {
   tekst_ += "\r\n";
 }
 
+void BlokPagina::VervangNa(std::string_view plek, std::string_view waarde) {
+  // Not Vervang: a whole page may well be longer than its texts.
+  for (auto pos = tekst_.find(plek); pos != std::string::npos; pos = tekst_.find(plek, pos + waarde.size())) {
+    tekst_.replace(pos, plek.size(), waarde);
+  }
+}
+
 void BlokPagina::Bewaar(const std::string& path) const {
   const Status status = Fs().WriteFile(path, tekst_);
   if (!status.ok()) throw RunError(status);

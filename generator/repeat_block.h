@@ -65,6 +65,9 @@ class BlokPagina {
   // Whether template line i begins inside a <script> block.
   bool ScriptBijBegin(int i) const { return script_bij_begin_[static_cast<std::size_t>(i)]; }
   void Voeg(std::string_view line);
+  // Every `plek` in the page so far becomes `waarde`: for values longer than
+  // a page line may be.
+  void VervangNa(std::string_view plek, std::string_view waarde);
 
   // Writes the page to `path` in one step. Throws RunError with the file
   // system's error when it cannot be written (an earlier page then stays).

@@ -45,6 +45,12 @@ struct SiteGegevens {
   std::string kleur_achtergrond;
   std::string kleur_tekst_in_kader;
   std::string kleur_kader;
+  // Web-sized copies and their page fields: on exactly when "1".
+  std::string webformaat;
+  // With it: the "sizes" of a photo on the photo pages and of the cover on
+  // the title page (from the set's "sjabloon.ini").
+  std::string foto_sizes;
+  std::string omslag_sizes;
 
   // The photos taken in, in gallery order: file names and captions.
   std::vector<std::string> foto_namen;
@@ -60,6 +66,7 @@ struct SiteGegevens {
   std::string foto_sjabloon;
 
   bool OverzichtAan() const { return thumbnails == "1"; }
+  bool WebformaatAan() const { return webformaat == "1"; }
   int AantalFotos() const { return static_cast<int>(foto_namen.size()); }
 };
 
@@ -89,6 +96,7 @@ bool Afgebroken(SiteRun& run);
 // nothing.
 struct SiteSteps {
   using Step = std::function<void(SiteRun&)>;
+  Step webkopieen;       // web-sized copies, only with "Webformaat" on
   Step titel_pagina;     // the title page
   Step thumbnails;       // thumbnails, only with the overview switch on
   Step overzicht;        // the overview pages, only with the overview switch on

@@ -8,6 +8,7 @@
 #include "generator/style_sheet.h"
 #include "generator/title_page.h"
 #include "images/thumbnails.h"
+#include "images/web_copies.h"
 
 namespace kiekbord {
 
@@ -23,6 +24,12 @@ SiteSteps StandaardStappen() { return StandaardStappen(VandaagLokaal); }
 
 SiteSteps StandaardStappen(std::function<std::chrono::year_month_day()> vandaag) {
   SiteSteps steps;
+  steps.webkopieen = [](SiteRun& run) {
+    const WebKopieOpties opties{0, run.voortgang};
+    if (MaakWebKopieen(run.gegevens.uitvoer_dir, run.gegevens.foto_namen, opties, run.log)) {
+      run.failed = kMislukt;
+    }
+  };
   steps.titel_pagina = [vandaag](SiteRun& run) {
     MaakTitelPagina(run, KopEnCreditVoor(run.settings, vandaag()));
   };
@@ -41,13 +48,16 @@ SiteSteps StandaardStappen(std::function<std::chrono::year_month_day()> vandaag)
     MaakFotoPaginas(run, KopEnCreditVoor(run.settings, vandaag()));
   };
   steps.afbeeldingen = [](SiteRun& run) {
-    KopieerAfbeeldingen(run.gegevens.sjabloon_dir, run.gegevens.uitvoer_dir, run.log);
+    KopieerAfbeeldingen(run.gegevens.sjabloon_dir, run.gegevens.uitvoer_dir, run.log,
+                       run.gegevens.WebformaatAan());
   };
   steps.scripts = [](SiteRun& run) {
-    KopieerScripts(run.gegevens.sjabloon_dir, run.gegevens.uitvoer_dir, run.log);
+    KopieerScripts(run.gegevens.sjabloon_dir, run.gegevens.uitvoer_dir, run.log,
+                  run.gegevens.WebformaatAan());
   };
   steps.stijlbladen = [](SiteRun& run) {
-    KopieerStijlbladen(run.gegevens.sjabloon_dir, run.gegevens.uitvoer_dir, run.log);
+    KopieerStijlbladen(run.gegevens.sjabloon_dir, run.gegevens.uitvoer_dir, run.log,
+                      run.gegevens.WebformaatAan());
   };
   return steps;
 }

@@ -21,8 +21,17 @@ constexpr PaginaMeldingen kOpmaakMeldingen{
 
 // The style sheet keeps its own line breaks: read as a keyed text file, not
 // as a page template.
-Status LeesStijlSjabloon(const std::string& path, LineTable& table) {
-  return LeesRegels(path, table, false);
+Status LeesStijlSjabloon(const std::string& path, LineTable& table, bool webformaat) {
+  const Status status = LeesRegels(path, table, false);
+  if (!status.ok()) return status;
+  // The lines are trimmed already, so a marker stands at the start.
+  LineTable gekozen(table.capacity());
+  for (int i = 1; i <= table.Count(); ++i) {
+    std::string regel = TrimSpaces(WebRegels(table.Line(i), webformaat));
+    if (!regel.empty()) gekozen.Append(std::move(regel));
+  }
+  table = std::move(gekozen);
+  return status;
 }
 
 std::string Lettertype(std::string_view index) {

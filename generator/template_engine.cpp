@@ -186,9 +186,39 @@ std::string VeldWaardeVoor(VeldPlaats plaats, const std::string& rauw, const std
 
 }  // namespace
 
-Status LeesSjabloonUitTekst(std::string_view bytes, LineTable& table) {
+std::string WebRegels(std::string_view bytes, bool webformaat) {
+  struct Markering {
+    std::string_view tekst;
+    bool voor_web;
+  };
+  static constexpr Markering kMarkeringen[] = {
+      {"<!--WEB-->", true}, {"/*WEB*/", true}, {"<!--GEENWEB-->", false}, {"/*GEENWEB*/", false}};
+  std::string uit;
+  uit.reserve(bytes.size());
+  std::size_t pos = 0;
+  while (pos < bytes.size()) {
+    std::size_t einde = bytes.find('\n', pos);
+    einde = einde == std::string_view::npos ? bytes.size() : einde + 1;
+    const std::string_view regel = bytes.substr(pos, einde - pos);
+    pos = einde;
+    const std::size_t begin = regel.find_first_not_of(" \t");
+    const std::string_view rest = begin == std::string_view::npos ? "" : regel.substr(begin);
+    const Markering* gevonden = nullptr;
+    for (const Markering& m : kMarkeringen) {
+      if (rest.starts_with(m.tekst)) gevonden = &m;
+    }
+    if (gevonden == nullptr) {
+      uit += regel;
+    } else if (gevonden->voor_web == webformaat) {
+      uit += rest.substr(gevonden->tekst.size());
+    }
+  }
+  return uit;
+}
+
+Status LeesSjabloonUitTekst(std::string_view bytes, LineTable& table, bool webformaat) {
   try {
-    ReadTemplateLines(SplitLines(DecodeText(bytes)), table);
+    ReadTemplateLines(SplitLines(DecodeText(WebRegels(bytes, webformaat))), table);
   } catch (const RunError& error) {
     table.SetCountSlot(error.status().CountSlotText());
     return error.status();
@@ -196,14 +226,14 @@ Status LeesSjabloonUitTekst(std::string_view bytes, LineTable& table) {
   return Status::Ok();
 }
 
-Status LeesSjabloon(const std::string& path, LineTable& table) {
+Status LeesSjabloon(const std::string& path, LineTable& table, bool webformaat) {
   std::string bytes;
   const Status status = Fs().ReadFile(path, bytes);
   if (!status.ok()) {
     table.SetCountSlot(status.CountSlotText());
     return status;
   }
-  return LeesSjabloonUitTekst(bytes, table);
+  return LeesSjabloonUitTekst(bytes, table, webformaat);
 }
 
 bool IsTekstVeld(std::string_view name) {

@@ -16,10 +16,17 @@ namespace kiekbord {
 // "<BODY ...>" and "</BODY>" (the first of each, in that order) each put at
 // the start of a line of its own, a tag split over lines joined into one.
 // On failure slot 0 holds "%Error <n> <description>" and so does the status.
-Status LeesSjabloon(const std::string& path, LineTable& table);
+// Lines are first kept or dropped by WebRegels.
+Status LeesSjabloon(const std::string& path, LineTable& table, bool webformaat = false);
 
 // The same on bytes already in memory.
-Status LeesSjabloonUitTekst(std::string_view bytes, LineTable& table);
+Status LeesSjabloonUitTekst(std::string_view bytes, LineTable& table, bool webformaat = false);
+
+// The template lines for a gallery with or without "Webformaat": a line
+// that begins (after blanks) with "<!--WEB-->" or "/*WEB*/" is kept, the
+// marker removed, only with it; one that begins with "<!--GEENWEB-->" or
+// "/*GEENWEB*/" only without it. Every other byte stays as it is.
+std::string WebRegels(std::string_view bytes, bool webformaat);
 
 // True when `name` is a text field, whose values are the user's own texts
 // and are escaped for where they stand.

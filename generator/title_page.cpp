@@ -3,6 +3,7 @@
 #include "base/line_table.h"
 #include "base/text.h"
 #include "generator/page_lines.h"
+#include "generator/web_fields.h"
 
 namespace kiekbord {
 namespace {
@@ -26,6 +27,7 @@ PaginaVelden TitelVelden(const SiteGegevens& g) {
            ? Link("kbovz" + g.ext, "Klik hier voor een totaaloverzicht (thumbnails)", "Overzicht")
            : ""},
   };
+  if (g.WebformaatAan()) velden.eigen_velden.push_back({"OMSLAGFOTO", OmslagFoto(g)});
   return velden;
 }
 

@@ -1,5 +1,6 @@
 #include "ui/settings_page.h"
 
+#include <QCheckBox>
 #include <QComboBox>
 #include <QGridLayout>
 #include <QHBoxLayout>
@@ -29,6 +30,8 @@ InstellingenPagina::InstellingenPagina(const ProgramSettings& settings, QWidget*
   cboLetterGrootteBijschriften = Benoemd(new QComboBox(this), "cboLetterGrootteBijschriften");
   cboLetterStijlBijschriften = Benoemd(new QComboBox(this), "cboLetterStijlBijschriften");
   cboPositieBijschriften = Benoemd(new QComboBox(this), "cboPositieBijschriften");
+  chkWebformaat = Benoemd(
+      new QCheckBox(QStringLiteral("W&ebformaat: lichte foto's voor telefoons"), this), "chkWebformaat");
   cmdKleurGebruik = Benoemd(new QPushButton(QStringLiteral("&Kleurgebruik"), this), "cmdKleurGebruik");
   lblKleurVoorbeeld01 = Benoemd(new QLabel(QStringLiteral("Tekst op achtergrond"), this), "lblKleurVoorbeeld01");
   lblKleurVoorbeeld02 = Benoemd(new QLabel(QStringLiteral("Tekst in fotokader"), this), "lblKleurVoorbeeld02");
@@ -86,6 +89,7 @@ InstellingenPagina::InstellingenPagina(const ProgramSettings& settings, QWidget*
   regel(QStringLiteral("Lettertype bij&schriften"), cboLetterTypeBijschriften);
   regel(QStringLiteral("Letter&grootte bijschriften"), cboLetterGrootteBijschriften, letter);
   regel(QStringLiteral("Pos&itie bijschriften"), cboPositieBijschriften);
+  raster->addWidget(chkWebformaat, rij++, 1);
   raster->setColumnStretch(1, 1);
 
   auto* kleuren = new QHBoxLayout;
@@ -104,6 +108,7 @@ InstellingenPagina::InstellingenPagina(const ProgramSettings& settings, QWidget*
   connect(txtAantalFotosPerPagina, &QLineEdit::textChanged, this, &InstellingenPagina::Gewijzigd);
   connect(cboSjabloon, &QComboBox::currentIndexChanged, this, &InstellingenPagina::Gewijzigd);
   connect(cboSjabloon, &QComboBox::currentIndexChanged, this, &InstellingenPagina::ToonKleuren);
+  connect(chkWebformaat, &QCheckBox::toggled, this, &InstellingenPagina::Gewijzigd);
   for (QComboBox* lijst : KeuzeLijsten()) {
     connect(lijst, &QComboBox::currentIndexChanged, this, &InstellingenPagina::Gewijzigd);
   }
@@ -123,6 +128,8 @@ void InstellingenPagina::ZetNieuw() {
   const auto lijsten = KeuzeLijsten();
   for (std::size_t i = 0; i < kKeuzeVelden.size(); ++i) lijsten[i]->setCurrentIndex(nieuw.*kKeuzeVelden[i].index);
   cboSjabloon->setCurrentIndex(StandaardSjabloon(Sjablonen()));
+  webformaat_in_script_ = false;
+  chkWebformaat->setChecked(true);
   ToonKleuren();
 }
 
@@ -133,6 +140,8 @@ void InstellingenPagina::Vul(const GalleryScript& g) {
   const auto lijsten = KeuzeLijsten();
   for (std::size_t i = 0; i < kKeuzeVelden.size(); ++i) lijsten[i]->setCurrentIndex(g.*kKeuzeVelden[i].index);
   for (const KleurVeld& veld : kKleurVelden) kleuren_.*veld.kleur = g.*veld.kleur;
+  webformaat_in_script_ = g.webformaat_in_script;
+  chkWebformaat->setChecked(g.webformaat);
   ToonKleuren();
 }
 
@@ -144,6 +153,8 @@ void InstellingenPagina::LeesIn(GalleryScript& g) const {
     g.*kKeuzeVelden[i].index = static_cast<std::int16_t>(lijsten[i]->currentIndex());
   }
   for (const KleurVeld& veld : kKleurVelden) g.*veld.kleur = kleuren_.*veld.kleur;
+  g.webformaat = chkWebformaat->isChecked();
+  g.webformaat_in_script = webformaat_in_script_;
 }
 
 std::vector<std::string> InstellingenPagina::Sjablonen() const {

@@ -12,6 +12,7 @@
 #include "editor/colour_choice.h"
 #include "gallery/gallery_script.h"
 
+class QCheckBox;
 class QComboBox;
 class QLabel;
 class QLineEdit;
@@ -25,8 +26,8 @@ class InstellingenPagina : public QGroupBox {
  public:
   explicit InstellingenPagina(const ProgramSettings& settings, QWidget* ouder = nullptr);
 
-  // A new gallery: the record's defaults, the colours of "KBord.ini" and the
-  // first template set.
+  // A new gallery: the record's defaults, the colours of "KBord.ini", the
+  // first template set and web-sized photos on.
   void ZetNieuw();
   // The presentation of `g`. A template set that is not in the list leaves
   // the choice as it is; an index outside its list leaves that list without
@@ -53,6 +54,7 @@ class InstellingenPagina : public QGroupBox {
   QComboBox* cboLetterGrootteBijschriften;
   QComboBox* cboLetterStijlBijschriften;
   QComboBox* cboPositieBijschriften;
+  QCheckBox* chkWebformaat;
   QPushButton* cmdKleurGebruik;
   QLabel* lblKleurVoorbeeld01;
   QLabel* lblKleurVoorbeeld02;
@@ -68,6 +70,7 @@ class InstellingenPagina : public QGroupBox {
 
   const ProgramSettings& settings_;
   GalleryScript kleuren_;  // only the four colours are used
+  bool webformaat_in_script_ = false;
 };
 
 }  // namespace kiekbord

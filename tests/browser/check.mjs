@@ -22,6 +22,7 @@
 import { spawnSync } from 'node:child_process';
 import fs from 'node:fs';
 import os from 'node:os';
+import http from 'node:http';
 import path from 'node:path';
 import { createRequire } from 'node:module';
 import { pathToFileURL } from 'node:url';
@@ -50,6 +51,15 @@ const kFotos = [
   { naam: 'haven.jpg', breedte: 1500, hoogte: 900, bijschrift: 'Tot ziens!' },
 ];
 const kAantal = kFotos.length;
+// The "Webformaat" galleries: photos of camera size with grain, portrait and
+// landscape, and captions that broke the old slideshow script.
+const kWebFotos = [
+  { naam: 'kust.jpg', breedte: 4000, hoogte: 2667, bijschrift: 'Einde van het script: </script><script>stop()</script>' },
+  { naam: 'spits.jpg', breedte: 3000, hoogte: 4000, bijschrift: 'Jan\'s "pad" naar C:\\nieuw\\foto en \\u0041' },
+  { naam: 'veld.jpg', breedte: 3600, hoogte: 2400, bijschrift: 'Eerste regel<br>tweede regel' },
+  { naam: 'toren2.jpg', breedte: 2400, hoogte: 3600, bijschrift: '' },
+  { naam: 'baai.jpg', breedte: 4000, hoogte: 2250, bijschrift: 'Zon & zee bij Égmond' },
+];
 
 // Photo page template forms: plain (one photo per page), several per page, slideshow.
 const kVormen = [
@@ -106,9 +116,9 @@ function startBrowser(chromium, instellingen) {
 }
 
 // Draws a landscape per photo with the browser's canvas and saves it as JPEG.
-async function tekenFotos(context, doel) {
+async function tekenFotos(context, doel, fotos = kFotos) {
   const pagina = await context.newPage();
-  for (const [i, foto] of kFotos.entries()) {
+  for (const [i, foto] of fotos.entries()) {
     const dataUrl = await pagina.evaluate(({ b, h, nr }) => {
       const doek = Object.assign(document.createElement('canvas'), { width: b, height: h });
       const g = doek.getContext('2d');
@@ -136,6 +146,12 @@ async function tekenFotos(context, doel) {
       g.fillStyle = 'rgba(255, 255, 255, 0.85)';
       g.font = `bold ${Math.round(Math.min(b, h) / 8)}px sans-serif`;
       g.fillText(String(nr), Math.min(b, h) / 20, Math.min(b, h) / 6);
+      if (b * h > 4e6) {
+        // Grain as a camera gives it, so that the file is as heavy as a real photo.
+        const beeld = g.getImageData(0, 0, b, h);
+        for (let j = 0; j < beeld.data.length; j++) beeld.data[j] += (Math.random() - 0.5) * 24;
+        g.putImageData(beeld, 0, 0);
+      }
       return doek.toDataURL('image/jpeg', 0.85);
     }, { b: foto.breedte, h: foto.hoogte, nr: i + 1 });
     fs.writeFileSync(path.join(doel, foto.naam), Buffer.from(dataUrl.split(',')[1], 'base64'));
@@ -145,14 +161,15 @@ async function tekenFotos(context, doel) {
 
 // The gallery script, written as the program writes it.
 function scriptTekst(uitvoer, v) {
+  const fotos = v.fotos ?? kFotos;
   const regels = [
     '[Kiekbord]', 'Versie=4.1', 'Opmerking=Dit bestand niet handmatig aanpassen!',
     '[Algemeen]', `InvoerDir=${uitvoer}`, `UitvoerDir=${uitvoer}`,
     'Titel=Proefkiekbord & co', 'Subtitel=Elke pagina in de browser', 'Datum=21 november 2026',
     'Beschrijving=Zeven foto\'s in elke vorm die dit sjabloon kent.<br>Gemaakt door de browsercontrole.',
-    `Thumbnails=${v.thumbnails ? 1 : 0}`, `AantalFotos=${kAantal}`,
+    `Thumbnails=${v.thumbnails ? 1 : 0}`, `AantalFotos=${fotos.length}`,
   ];
-  kFotos.forEach((foto, i) => {
+  fotos.forEach((foto, i) => {
     regels.push(`[Foto${String(i + 1).padStart(3, '0')}]`, `Foto=${foto.naam}`, `Bijschrift=${foto.bijschrift}`);
   });
   regels.push('[Instellingen]', `Sjabloon=${v.sjabloon}`, `AantalFotosPerPagina=${v.vorm.perPagina}`,
@@ -160,6 +177,7 @@ function scriptTekst(uitvoer, v) {
     'FotosZonderBijschrift=0', `LetterTypeTitels=${v.lettertype}`, `LetterTypeBijschriften=${v.lettertype}`,
     'LetterGrootteBijschriften=2', `LetterStijlBijschriften=${v.stijl}`,
     'KleurTekstOpAchtergrond=0', 'KleurAchtergrond=16777215', 'KleurTekstInKader=0', 'KleurKader=13421772');
+  if (v.web) regels.push('Webformaat=1');
   return regels.join('\r\n') + '\r\n';
 }
 
@@ -183,7 +201,8 @@ function maakKiekbord(fotoMap, variant) {
   fs.rmSync(map, { recursive: true, force: true });
   const site = path.join(map, 'site');
   fs.mkdirSync(site, { recursive: true });
-  for (const foto of kFotos) fs.copyFileSync(path.join(fotoMap, foto.naam), path.join(site, foto.naam));
+  const fotos = variant.fotos ?? kFotos;
+  for (const foto of fotos) fs.copyFileSync(path.join(variant.fotoMap ?? fotoMap, foto.naam), path.join(site, foto.naam));
   const script = path.join(map, 'proef.kbs');
   fs.writeFileSync(script, scriptTekst(site + path.sep, variant));
   const run = spawnSync(opties.maak, [script], { encoding: 'utf8' });
@@ -194,7 +213,7 @@ function maakKiekbord(fotoMap, variant) {
     `kiekbord-maak eindigde met ${run.status}${run.error ? ` (${run.error.message})` : ''}; `
     + `laatste logregel "${laatste ?? ''}"${run.stderr ? `; ${run.stderr.trim()}` : ''}`)) return null;
   const paginas = fs.readdirSync(site).filter((n) => n.endsWith('.html')).sort();
-  return { ...variant, site, paginas, waar, fotoPaginas: Math.ceil(kAantal / variant.vorm.perPagina) };
+  return { ...variant, site, paginas, waar, fotoPaginas: Math.ceil(fotos.length / variant.vorm.perPagina) };
 }
 
 const paginaNaam = (nummer) => `kb${String(nummer).padStart(3, '0')}.html`;
@@ -245,7 +264,7 @@ async function opPagina(context, k, naam, waar, stap, voorbereiding) {
   pagina.on('request', (r) => verzoeken.push(r.url()));
   try {
     if (voorbereiding) await voorbereiding(pagina);
-    await pagina.goto(pathToFileURL(path.join(k.site, naam)).href, { waitUntil: 'load' });
+    await pagina.goto(k.basis ? k.basis + naam : pathToFileURL(path.join(k.site, naam)).href, { waitUntil: 'load' });
     await stap(pagina, verzoeken);
   } catch (e) {
     controleer(false, waar, e.message.split('\n')[0]);
@@ -474,6 +493,133 @@ async function controleerVegen(context, k) {
   });
 }
 
+// "Webformaat": every set in each presentation, served over HTTP with every
+// photo delayed, so that bytes and layout shifts are those a visitor sees.
+const kWebVormen = [
+  { naam: 'kbfoto1', vorm: kVormen[0], positie: 0 },
+  { naam: 'kbfoto3m', vorm: kVormen[1], positie: 2 },
+  { naam: 'kbfoto3a', vorm: kVormen[2], positie: 2 },
+];
+const kWebGrens = { telefoon: 400 * 1024, desktop: 1024 * 1024 };
+// The largest values measured, for the closing line.
+const webGemeten = { telefoon: 0, desktop: 0, verschuiving: 0 };
+function meetBytes(perFoto, scherm, waar) {
+  webGemeten[scherm.breedte] = Math.max(webGemeten[scherm.breedte], perFoto);
+  controleer(perFoto <= kWebGrens[scherm.breedte], waar, `${Math.round(perFoto / 1024)} KB per getoonde foto`);
+}
+const webVarianten = (sjabloon, fotoMap) => kWebVormen.map((w) => ({ ...w, sjabloon, naam: `web-${w.naam}`, web: true,
+  fotos: kWebFotos, fotoMap, thumbnails: true, lettertype: 0, stijl: 0 }));
+
+// Serves the galleries; holds back every JPEG for a moment and counts its bytes.
+function startServer() {
+  const server = http.createServer((verzoek, antwoord) => {
+    const bestand = path.join(opties.uit, 'sites', decodeURIComponent(new URL(verzoek.url, 'http://x').pathname));
+    if (!bestand.startsWith(path.join(opties.uit, 'sites')) || !fs.existsSync(bestand)) {
+      antwoord.writeHead(404).end();
+      return;
+    }
+    const inhoud = fs.readFileSync(bestand);
+    const soort = { '.html': 'text/html; charset=utf-8', '.css': 'text/css', '.js': 'text/javascript',
+      '.jpg': 'image/jpeg', '.gif': 'image/gif' }[path.extname(bestand)] ?? 'application/octet-stream';
+    const foto = soort === 'image/jpeg';
+    setTimeout(() => {
+      if (foto) server.fotoBytes += inhoud.length;
+      antwoord.writeHead(200, { 'Content-Type': soort, 'Cache-Control': 'no-store' }).end(inhoud);
+    }, foto ? 400 : 0);
+  });
+  server.fotoBytes = 0;
+  return new Promise((klaar) => server.listen(0, '127.0.0.1', () => klaar(server)));
+}
+
+// Sums the layout shifts of the page from its start.
+const kVerschuiving = () => {
+  window.kbVerschuiving = 0;
+  new PerformanceObserver((lijst) => {
+    for (const v of lijst.getEntries()) if (!v.hadRecentInput) window.kbVerschuiving += v.value;
+  }).observe({ type: 'layout-shift', buffered: true });
+};
+
+// Every page of a web gallery: photo bytes per shown photo, layout shift,
+// the page title naming its photo and the title page's cover.
+async function controleerWebPagina(context, k, naam, scherm, server) {
+  const waar = `${k.waar}/${naam} (${scherm.breedte}, webformaat)`;
+  await opPagina(context, k, naam, waar, async (pagina) => {
+    await pagina.waitForLoadState('networkidle');
+    await kapotteAfbeeldingen(pagina);
+    const f = await pagina.evaluate(() => ({
+      verschuiving: window.kbVerschuiving, titel: document.title,
+      getoond: Array.from(document.images).filter((b) => b.complete && b.naturalWidth > 0 && /\.jpg$/.test(b.currentSrc)).length,
+    }));
+    // A slideshow also fetches its neighbours ahead; its bytes are counted over all photos below.
+    const perFoto = server.fotoBytes / Math.max(1, f.getoond);
+    if (k.vorm.presentatie !== 1) meetBytes(perFoto, scherm, waar);
+    webGemeten.verschuiving = Math.max(webGemeten.verschuiving, f.verschuiving);
+    controleer(f.verschuiving < 0.05, waar, `verschuiving ${f.verschuiving.toFixed(3)} tijdens het laden`);
+    if (naam === 'index.html') controleer(f.getoond === 1, waar, 'de titelpagina toont geen omslagfoto');
+    const foto = /^kb(\d{3})\.html$/.exec(naam);
+    if (foto && k.vorm.perPagina === 1) {
+      const nummer = Number(foto[1]);
+      const bijschrift = kWebFotos[nummer - 1].bijschrift.replace(/<[^>]*>/g, ' ').replace(/\s+/g, ' ').trim();
+      controleer(f.titel.startsWith(`Foto ${nummer}${bijschrift ? `: ${bijschrift}` : ''} - `), waar, `titel "${f.titel}"`);
+    } else if (foto) {
+      controleer(/^Foto's \d+-\d+ - /.test(f.titel), waar, `titel "${f.titel}"`);
+    }
+  }, async (pagina) => {
+    await pagina.addInitScript(kVerschuiving);
+    server.fotoBytes = 0;
+  });
+}
+
+// The box around an element, for "inside the viewport" and "did not move".
+const vakVan = (pagina, keuze) => pagina.evaluate((k) => {
+  const r = document.querySelector(k).getBoundingClientRect();
+  return { x: Math.round(r.x), y: Math.round(r.y), rechts: r.right, onder: r.bottom, b: innerWidth, h: innerHeight };
+}, keuze);
+const binnen = (v) => v.x >= 0 && v.y >= 0 && v.rechts <= v.b + 0.5 && v.onder <= v.h + 0.5;
+
+// The slideshow through all photos: photo, caption and buttons in view, the
+// buttons in one place, each caption as written, bytes per photo shown.
+async function controleerWebDia(context, k, scherm, server) {
+  const waar = `${k.waar}/kb001.html (${scherm.breedte}, webformaat diavoorstelling)`;
+  await opPagina(context, k, 'kb001.html', waar, async (pagina) => {
+    const knoppen = await vakVan(pagina, '#kbBediening');
+    for (const [i, foto] of kWebFotos.entries()) {
+      if (i > 0) await pagina.locator('#kbVolgende').click();
+      await pagina.locator('#kbTeller').filter({ hasText: `Foto ${i + 1} van` }).waitFor({ timeout: 5000 });
+      await pagina.waitForFunction(() => document.querySelector('#kbDia img').complete, null, { timeout: 5000 });
+      const stand = await diaStand(pagina);
+      controleer(stand.bijschrift === foto.bijschrift.trim(), waar, `bijschrift ${i + 1}: "${stand.bijschrift}"`);
+      for (const deel of ['#kbDia img', '#kbBijschrift', '#kbVolgende', '#kbBediening select']) {
+        const vak = await vakVan(pagina, deel);
+        controleer(binnen(vak), waar, `foto ${i + 1}: ${deel} valt buiten het scherm ${JSON.stringify(vak)}`);
+      }
+      const nu = await vakVan(pagina, '#kbBediening');
+      controleer(nu.x === knoppen.x && nu.y === knoppen.y, waar, `foto ${i + 1}: de knoppen schuiven (${nu.x},${nu.y})`);
+      const titel = await pagina.title();
+      controleer(titel.startsWith(`Foto ${i + 1}`), waar, `titel "${titel}"`);
+    }
+    meetBytes(server.fotoBytes / kWebFotos.length, scherm, waar);
+  }, () => { server.fotoBytes = 0; });
+}
+
+// The photo select by keyboard: arrow keys only move in the list, Enter goes.
+async function controleerWebKeuze(context, k) {
+  const waar = `${k.waar}/kb001.html (fotokeuze met toetsen)`;
+  const laatste = kWebFotos.length;
+  await opPagina(context, k, 'kb001.html', waar, async (pagina) => {
+    const keuze = pagina.locator('select[onchange]').first();
+    await keuze.focus();
+    for (let i = 1; i < laatste; i++) await pagina.keyboard.press('ArrowDown');
+    await pagina.waitForTimeout(300);
+    const dia = k.vorm.presentatie === 1;
+    const stand = dia ? (await diaStand(pagina)).teller : pagina.url();
+    controleer(dia ? stand === `Foto 1 van ${laatste}` : stand.endsWith('/kb001.html'), waar, `pijltoetsen sprongen al: ${stand}`);
+    await pagina.keyboard.press('Enter');
+    if (dia) await pagina.locator('#kbTeller').filter({ hasText: `Foto ${laatste} van` }).waitFor({ timeout: 5000 });
+    else await wachtOpUrl(pagina, paginaNaam(laatste));
+  });
+}
+
 const begin = Date.now();
 const tijd = () => `${((Date.now() - begin) / 1000).toFixed(1)} s`;
 const sjabloonMap = path.join(path.dirname(path.resolve(opties.maak)), 'Sjabloon');
@@ -489,8 +635,17 @@ for (const map of [fotoMap, kAfdrukMap]) {
 }
 const tekenaar = await startBrowser(chromium, {});
 await tekenFotos(tekenaar, fotoMap).finally(() => tekenaar.close());
-const kiekborden = sjablonen.flatMap((sjabloon) => variantenVan(sjabloon)
+const webFotoMap = path.join(opties.uit, 'webfotos');
+fs.rmSync(webFotoMap, { recursive: true, force: true });
+fs.mkdirSync(webFotoMap, { recursive: true });
+const tekenaar2 = await startBrowser(chromium, {});
+await tekenFotos(tekenaar2, webFotoMap, kWebFotos).finally(() => tekenaar2.close());
+const kiekborden = sjablonen.flatMap((sjabloon) => [...variantenVan(sjabloon), ...webVarianten(sjabloon, webFotoMap)]
   .map((variant) => maakKiekbord(fotoMap, variant)).filter(Boolean));
+const server = await startServer();
+for (const k of kiekborden.filter((w) => w.web)) {
+  k.basis = `http://127.0.0.1:${server.address().port}/${k.sjabloon}/${k.naam}/site/`;
+}
 for (const k of kiekborden) controleerBestanden(k);
 console.log(`${kiekborden.length} kiekborden gemaakt met ${sjablonen.join(', ')} (${tijd()})`);
 // The lightbox of every gallery with several photos per page; on a phone
@@ -500,6 +655,12 @@ for (const scherm of opties['alleen-maken'] ? [] : kSchermen) {
   const context = await startBrowser(chromium, scherm.context);
   for (const k of kiekborden) {
     for (const naam of k.paginas) await controleerPagina(context, k, naam, scherm, axe);
+    if (k.web) {
+      for (const naam of k.paginas) await controleerWebPagina(context, k, naam, scherm, server);
+      if (k.vorm.presentatie === 1) await controleerWebDia(context, k, scherm, server);
+      if (scherm.desktop && k.vorm.perPagina === 1) await controleerWebKeuze(context, k);
+      continue;
+    }
     if (scherm.desktop) await controleerNavigatie(context, k);
     if (k.vorm.presentatie === 1) await (scherm.desktop ? controleerDia : controleerVegen)(context, k);
     const lichtbakAfdruk = metLichtbak(k) && afdruk(k, 'lichtbak', scherm);
@@ -509,6 +670,11 @@ for (const scherm of opties['alleen-maken'] ? [] : kSchermen) {
   console.log(`${kiekborden.reduce((n, k) => n + k.paginas.length, 0)} pagina's geopend op `
     + `${scherm.context.viewport.width}px (${tijd()})`);
 }
-if (!opties['alleen-maken']) console.log(`${gezien.size} schermafdrukken in ${kAfdrukMap}`);
+if (!opties['alleen-maken']) {
+  console.log(`${gezien.size} schermafdrukken in ${kAfdrukMap}`);
+  console.log(`Webformaat: hoogstens ${Math.round(webGemeten.telefoon / 1024)} KB per getoonde foto op 390px, `
+    + `${Math.round(webGemeten.desktop / 1024)} KB op 1280px; verschuiving hoogstens ${webGemeten.verschuiving.toFixed(3)}`);
+}
 console.log(fouten.length > 0 ? `${fouten.length} fout(en) gevonden (${tijd()})` : `Alles in orde (${tijd()})`);
+server.close();
 process.exitCode = fouten.length > 0 ? 1 : 0;

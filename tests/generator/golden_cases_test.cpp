@@ -67,7 +67,8 @@ const std::map<std::string, std::string SiteGegevens::*> kVelden = {
     VELD(presentatie), VELD(positie_fotos), VELD(lettertype_titels), VELD(lettertype_bijschriften),
     VELD(lettergrootte_bijschriften), VELD(letterstijl_bijschriften), VELD(ext), VELD(kleur_tekst_op_achtergrond),
     VELD(kleur_achtergrond), VELD(kleur_tekst_in_kader), VELD(kleur_kader), VELD(titel_sjabloon),
-    VELD(stijl_sjabloon), VELD(overzicht_sjabloon), VELD(foto_sjabloon)};
+    VELD(stijl_sjabloon), VELD(overzicht_sjabloon), VELD(foto_sjabloon), VELD(webformaat), VELD(foto_sizes),
+    VELD(omslag_sizes)};
 #undef VELD
 const std::map<std::string, unsigned> kSoorten = {{"lezen", FoutenSchijf::kLezen}, {"schrijven", FoutenSchijf::kSchrijven},
                                                   {"log", FoutenSchijf::kLog}, {"verwijderen", FoutenSchijf::kVerwijderen}};

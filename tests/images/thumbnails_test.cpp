@@ -15,6 +15,7 @@
 #include "images/library_choice.h"
 #include "images/photo_backup.h"
 #include "images/smooth_library.h"
+#include "images/web_copies.h"
 #include "tests/images/image_test_support.h"
 #include "tests/support/fault_fs.h"
 #include "tests/support/test_support.h"
@@ -161,6 +162,36 @@ TEST_F(ThumbnailRun, AStopKeepsTheThumbnailsMadeAndLeavesTheListAlone) {
   EXPECT_FALSE(Run({"a.jpg", "b.jpg", "c.jpg"}, true, 1));
   EXPECT_EQ(staart_, Regels({Aanmaken("a_tn.jpg"), Aanmaken("b_tn.jpg")}));
   EXPECT_EQ(test::BestandenIn(Dir()), Regels({"a.jpg", "a_tn.jpg", "b.jpg", "b_tn.jpg", "c.jpg"}));
+}
+
+// Web-sized copies come from each photo once and follow the gallery: none
+// on a second run, a changed photo's made again, those of a photo that left
+// the gallery deleted.
+TEST_F(ThumbnailRun, WebCopiesAreMadeOnceAndFollowTheGallery) {
+  Foto("a.jpg", test::EffenJpeg(2000, 1000));
+  Foto("b.jpg", test::EffenJpeg(600, 900));
+  const auto web = [&](const Regels& namen) {
+    const test::LogOpname log(marker_ / "web.log");
+    EXPECT_FALSE(MaakWebKopieen(Dir(), namen, {}, log.log()));
+    Regels regels;
+    for (const std::string& regel : log.regels()) regels.push_back(Vervang(regel, Dir(), "@"));
+    return regels;
+  };
+  const std::string start = "Start aanmaken webkopieën ...", lijst = "Bestand @kb_web.txt geschreven.";
+  EXPECT_EQ(web({"a.jpg", "b.jpg", "a.jpg"}), Regels({start, "Aanmaken webkopieën @a.jpg...",
+                                                 "Aanmaken webkopieën @b.jpg...",
+                                                 "2 Webkopieën (opnieuw) aangemaakt.", lijst}));
+  const auto maat = [&](const std::string& naam) {
+    const auto m = PaginaMaat(fotos_ / naam);
+    return m ? std::to_string(m->breedte) + "x" + std::to_string(m->hoogte) : "";
+  };
+  EXPECT_EQ(Regels({maat("a_w1600.jpg"), maat("a_w800.jpg"), maat("a_tn2.jpg"), maat("b_w800.jpg"), maat("b_tn2.jpg")}),
+            Regels({"1600x800", "800x400", "286x143", "533x800", "200x300"}));
+  EXPECT_EQ(web({"a.jpg", "b.jpg"}), Regels({start, "0 Webkopieën (opnieuw) aangemaakt.", lijst}));
+  ASSERT_TRUE(Fs().SetModificationTime(fotos_ / "b.jpg", Tijd(2027, 1, 2, 3, 4, 5)).ok());
+  EXPECT_EQ(web({"b.jpg"}), Regels({start, "Aanmaken webkopieën @b.jpg...", "3 oude webkopie(ën) verwijderd.",
+                                    "1 Webkopieën (opnieuw) aangemaakt.", lijst}));
+  EXPECT_EQ(test::BestandenIn(Dir()), Regels({"a.jpg", "b.jpg", "b_tn2.jpg", "b_w800.jpg", "kb_web.txt"}));
 }
 
 TEST_F(ThumbnailRun, FailuresEndTheRunOrAreToldAndPassedOver) {
