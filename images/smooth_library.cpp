@@ -13,6 +13,7 @@
 #include "base/text_helpers.h"
 #include "base/failure_report.h"
 #include "images/photo_backup.h"
+#include "images/lanczos_shrink.h"
 #include "images/photo_failures.h"
 #include "images/pixel_edit.h"
 #include "images/turbo_jpeg.h"
@@ -51,8 +52,7 @@ std::string VipsMelding() {
 // libvips keeps one error buffer for the whole process. Each piece of work
 // that may fail in libvips and then read that buffer holds this lock, so two
 // photos failing at once on two workers never get each other's message (or
-// none). Only the resample and the rare libvips-only paths take it; the
-// costly decode and encode of a thumbnail run outside it.
+// none). Only the rare libvips-only paths of a thumbnail run take it.
 std::unique_lock<std::mutex> AlleenMetVips() {
   static std::mutex vips_fouten;
   return std::unique_lock<std::mutex>(vips_fouten);
@@ -111,50 +111,18 @@ Status Encode(VipsImage* image, int kwaliteit, std::string& jpeg) {
   return Status::Ok();
 }
 
-// Shrinks an RGB plane to exactly `maat` with a Lanczos filter.
-Status Verklein(std::vector<std::uint8_t>& rgb, int breedte, int hoogte, ThumbnailMaat maat,
-                std::vector<std::uint8_t>& uit) {
-  const auto lock = AlleenMetVips();
-  const VipsBeeld bron(vips_image_new_from_memory(rgb.data(), rgb.size(), breedte, hoogte, 3,
-                                                  VIPS_FORMAT_UCHAR));
-  if (!bron) return Fout("Cannot scale image: " + VipsMelding());
-  VipsImage* raw = nullptr;
-  // reduce, unlike resize, lands on exactly round(size / factor) pixels.
-  if (vips_reduce(bron.get(), &raw, static_cast<double>(breedte) / maat.breedte,
-                  static_cast<double>(hoogte) / maat.hoogte, "kernel", VIPS_KERNEL_LANCZOS3,
-                  nullptr) != 0) {
-    return Fout("Cannot scale image: " + VipsMelding());
-  }
-  const VipsBeeld klein(raw);
-  std::size_t length = 0;
-  const std::unique_ptr<void, GFreer> pixels(vips_image_write_to_memory(klein.get(), &length));
-  if (!pixels) return Fout("Cannot scale image: " + VipsMelding());
-  if (vips_image_get_width(klein.get()) != maat.breedte ||
-      vips_image_get_height(klein.get()) != maat.hoogte ||
-      length != static_cast<std::size_t>(maat.breedte) * maat.hoogte * 3) {
-    return Fout("Cannot scale image: unexpected size");
-  }
-  const auto* begin = static_cast<const std::uint8_t*>(pixels.get());
-  uit.assign(begin, begin + length);
-  return Status::Ok();
-}
-
 // The usual way: libjpeg-turbo decodes at the smallest DCT scale that keeps
 // twice the thumbnail size (shrink-on-load: the full image is never
-// decoded), libvips resamples that with Lanczos, libjpeg-turbo encodes.
-// libvips' own thumbnail call does the same work through its loader and
-// pipeline; on the wallpaper corpus of bench/ (two cores) it took 1.08
-// times the processor time of this path (3.28 s against 3.04 s for 57
-// photos, 16.4 s against 15.3 s for 300) and trailed the fastest other tool,
-// Pillow, by 11 % on the clock, where the thumbnail run may not trail it at
-// all; with this path the run keeps level with it.
+// decoded), a Lanczos-3 filter of our own shrinks that to the exact size,
+// libjpeg-turbo encodes. libvips is not started for it: its start-up alone
+// took some 35 ms of every run, and its resample (with the lock its error
+// buffer needs) cost more than the filter here.
 void ThumbnailViaSchaal(std::string_view jpeg, const JpegKop& kop, ThumbnailWerk& werk) {
   const ThumbnailMaat maat = BerekenThumbnailMaat(kop.breedte, kop.hoogte);
   const Schaal schaal = KiesSchaal(kop.breedte, kop.hoogte, 2 * maat.breedte, 2 * maat.hoogte);
   const int breedte = schaal.Pas(kop.breedte);
   const int hoogte = schaal.Pas(kop.hoogte);
   std::vector<std::uint8_t> rgb;
-  std::vector<std::uint8_t> klein;
   try {
     rgb.resize(static_cast<std::size_t>(breedte) * hoogte * 3);
   } catch (const std::bad_alloc&) {
@@ -167,8 +135,13 @@ void ThumbnailViaSchaal(std::string_view jpeg, const JpegKop& kop, ThumbnailWerk
     werk.fout = Fout("Cannot read image data: " + gedecodeerd.description());
     return;
   }
-  werk.fout = Verklein(rgb, breedte, hoogte, maat, klein);
-  if (!werk.fout.ok()) return;
+  std::vector<std::uint8_t> klein;
+  try {
+    klein = VerkleinLanczos(rgb, breedte, hoogte, maat);
+  } catch (const std::bad_alloc&) {
+    werk.fout = Status::Error(fout::kOutOfMemory);
+    return;
+  }
   const Status gecodeerd = CodeerJpeg(
       PixelVlak{klein.data(), maat.breedte, maat.hoogte, maat.breedte * 3, PixelVolgorde::kRgb, false},
       kGdiThumbnailKwaliteit, werk.jpeg);
@@ -180,6 +153,8 @@ void ThumbnailViaSchaal(std::string_view jpeg, const JpegKop& kop, ThumbnailWerk
 // thumbnail call resamples and converts the colours to sRGB.
 void ThumbnailViaVips(std::string_view jpeg, const std::string& thumb_pad, const Status& kop_fout,
                       ThumbnailWerk& werk) {
+  werk.fout = StartVips();
+  if (!werk.fout.ok()) return;
   const auto lock = AlleenMetVips();
   VipsBeeld kop;
   if (!LaadJpeg(jpeg, 1, kop).ok()) {
@@ -282,8 +257,7 @@ std::string TijdelijkPad(const std::string& foto_pad) { return Vervang(foto_pad,
 
 ThumbnailWerk MaakGdiThumbnail(std::string_view jpeg, const std::string& thumb_pad) {
   ThumbnailWerk werk;
-  werk.fout = StartVips();
-  if (werk.fout.ok()) werk.fout = ToetsGeclaimdeMaat(jpeg);
+  werk.fout = ToetsGeclaimdeMaat(jpeg);
   if (!werk.fout.ok()) return werk;
   JpegKop kop;
   const Status kop_status = LeesJpegKop(jpeg, kop);
