@@ -15,6 +15,7 @@
 #include "images/photo_backup.h"
 #include "images/lanczos_shrink.h"
 #include "images/photo_failures.h"
+#include "images/thumbnail_decode.h"
 #include "images/pixel_edit.h"
 #include "images/turbo_jpeg.h"
 
@@ -129,8 +130,8 @@ void ThumbnailViaSchaal(std::string_view jpeg, const JpegKop& kop, ThumbnailWerk
     werk.fout = Status::Error(fout::kOutOfMemory);
     return;
   }
-  const Status gedecodeerd =
-      DecodeerJpeg(jpeg, PixelVlak{rgb.data(), breedte, hoogte, breedte * 3, PixelVolgorde::kRgb, false});
+  const Status gedecodeerd = DecodeerVoorThumbnail(
+      jpeg, schaal, PixelVlak{rgb.data(), breedte, hoogte, breedte * 3, PixelVolgorde::kRgb, false});
   if (!gedecodeerd.ok()) {
     werk.fout = Fout("Cannot read image data: " + gedecodeerd.description());
     return;
