@@ -8,7 +8,10 @@
 #                                                least decoding any tool can get away with;
 #   kiekbord                                     $KIEKBORD_BENCH, when it exists.
 #
-#   compare_thumbnailers.sh [CORPUS]          (default: bench/corpus, see make_corpus.sh)
+#   compare_thumbnailers.sh [CORPUS...]       (default: bench/corpus, see make_corpus.sh)
+#
+# Several corpora (say bench/corpus and its baseline copy bench/corpus-baseline) are
+# compared one after the other, each with a table of its own.
 #
 # Environment: RUNS (default 3; the best wall-clock time of the runs counts),
 # KIEKBORD_BENCH (an executable that runs Kiekbord's thumbnail run on the folder given as
@@ -21,6 +24,10 @@
 set -euo pipefail
 
 here=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
+if (($# > 1)); then
+    for c in "$@"; do "${BASH_SOURCE[0]}" "$c"; done
+    exit 0
+fi
 corpus=$(cd "${1:-$here/corpus}" 2>/dev/null && pwd) \
     || { echo "compare: no corpus folder ${1:-$here/corpus}; run make_corpus.sh first" >&2; exit 1; }
 runs=${RUNS:-3}

@@ -92,6 +92,9 @@ std::int64_t GeschatGeheugen(ImageLibrary library, const std::string& foto, std:
   JpegKop kop;
   if (!LeesJpegKop(begin, kop).ok()) return info.size;
   std::int64_t bytes = info.size + DecodeerWerkgeheugen(kop);
+  // The smooth library decodes a progressive photo from a copy without the
+  // scans it does not read, at most as large as the file.
+  if (library == ImageLibrary::kGdiPlus && kop.progressief) bytes += info.size;
   // The pixel-buffer library decodes the whole photo.
   if (library == ImageLibrary::kIjl11) bytes += kop.Beeldpunten() * 3;
   return bytes;
