@@ -207,6 +207,8 @@ awk -F'\t' -v photos="$photos" -v date="$(date +'%Y-%m-%d %H:%M %Z')" -v cores="
     -v load="$load_start to $load_end" '
     { name[NR] = $1; secs[NR] = $2; cpu[NR] = $3; kb[NR] = $4; wrong[NR] = $5
       if ($1 == "floor-djpeg-1/8") floor = $2
+      if ($1 == "pillow") { pil_secs = $2; pil_cpu = $3 }
+      if ($1 == "kiekbord-first-run") { kb_secs = $2; kb_cpu = $3 }
       else if ($1 != "kiekbord-second-run" && (fast == "" || $2 < fast)) fast = $2 }
     function rows(head, fmt,    i) {
         printf head, "tool", "seconds", "x_fastest", "x_floor", "cpu_s", "rss_mb",
@@ -223,4 +225,6 @@ awk -F'\t' -v photos="$photos" -v date="$(date +'%Y-%m-%d %H:%M %Z')" -v cores="
                date, cores, cpu_model, load, photos, runs, versions
         rows("%s\t%s\t%s\t%s\t%s\t%s\t%s\t%s\n", "%s\t%.3f\t%.2f\t%.2f\t%.2f\t%.1f\t%.1f\t%s\n")
         print "# END TSV"
+        if (pil_secs > 0 && pil_cpu > 0 && kb_secs != "")
+            printf "kiekbord first run / pillow: %.2f (seconds), %.2f (cpu_s)\n", kb_secs / pil_secs, kb_cpu / pil_cpu
     }' "$work/results"
