@@ -206,9 +206,9 @@ awk -F'\t' -v photos="$photos" -v date="$(date +'%Y-%m-%d %H:%M %Z')" -v cores="
     -v runs="$runs" -v cpu_model="$cpu_model" -v versions="$versions" \
     -v load="$load_start to $load_end" '
     { name[NR] = $1; secs[NR] = $2; cpu[NR] = $3; kb[NR] = $4; wrong[NR] = $5
-      if ($1 == "floor-djpeg-1/8") floor = $2
       if ($1 == "pillow") { pil_secs = $2; pil_cpu = $3 }
       if ($1 == "kiekbord-first-run") { kb_secs = $2; kb_cpu = $3 }
+      if ($1 == "floor-djpeg-1/8") floor = $2
       else if ($1 != "kiekbord-second-run" && (fast == "" || $2 < fast)) fast = $2 }
     function rows(head, fmt,    i) {
         printf head, "tool", "seconds", "x_fastest", "x_floor", "cpu_s", "rss_mb",
