@@ -1,8 +1,7 @@
 #include "app/library_versions.h"
 
-#include <vips/vips.h>
-
 #include "images/ijl_library.h"
+#include "images/smooth_library.h"
 
 namespace kiekbord {
 
@@ -12,7 +11,7 @@ std::string TurboJpegVersieTekst(int versie) {
 }
 
 std::vector<std::string> BeeldBibliotheekVersies() {
-  return {std::string("libvips ") + vips_version_string(), "libjpeg-turbo " + TurboJpegVersieTekst(IJLVersion())};
+  return {std::string("libvips ").append(VipsVersie()), "libjpeg-turbo " + TurboJpegVersieTekst(IJLVersion())};
 }
 
 }  // namespace kiekbord

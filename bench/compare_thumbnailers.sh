@@ -8,7 +8,10 @@
 #                                                least decoding any tool can get away with;
 #   kiekbord                                     $KIEKBORD_BENCH, when it exists.
 #
-#   compare_thumbnailers.sh [CORPUS]          (default: bench/corpus, see make_corpus.sh)
+#   compare_thumbnailers.sh [CORPUS...]       (default: bench/corpus, see make_corpus.sh)
+#
+# Several corpora (say bench/corpus and its baseline copy bench/corpus-baseline) are
+# compared one after the other, each with a table of its own.
 #
 # Environment: RUNS (default 3; the best wall-clock time of the runs counts),
 # KIEKBORD_BENCH (an executable that runs Kiekbord's thumbnail run on the folder given as
@@ -21,6 +24,10 @@
 set -euo pipefail
 
 here=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
+if (($# > 1)); then
+    for c in "$@"; do "${BASH_SOURCE[0]}" "$c"; done
+    exit 0
+fi
 corpus=$(cd "${1:-$here/corpus}" 2>/dev/null && pwd) \
     || { echo "compare: no corpus folder ${1:-$here/corpus}; run make_corpus.sh first" >&2; exit 1; }
 runs=${RUNS:-3}
@@ -199,6 +206,8 @@ awk -F'\t' -v photos="$photos" -v date="$(date +'%Y-%m-%d %H:%M %Z')" -v cores="
     -v runs="$runs" -v cpu_model="$cpu_model" -v versions="$versions" \
     -v load="$load_start to $load_end" '
     { name[NR] = $1; secs[NR] = $2; cpu[NR] = $3; kb[NR] = $4; wrong[NR] = $5
+      if ($1 == "pillow") { pil_secs = $2; pil_cpu = $3 }
+      if ($1 == "kiekbord-first-run") { kb_secs = $2; kb_cpu = $3 }
       if ($1 == "floor-djpeg-1/8") floor = $2
       else if ($1 != "kiekbord-second-run" && (fast == "" || $2 < fast)) fast = $2 }
     function rows(head, fmt,    i) {
@@ -216,4 +225,6 @@ awk -F'\t' -v photos="$photos" -v date="$(date +'%Y-%m-%d %H:%M %Z')" -v cores="
                date, cores, cpu_model, load, photos, runs, versions
         rows("%s\t%s\t%s\t%s\t%s\t%s\t%s\t%s\n", "%s\t%.3f\t%.2f\t%.2f\t%.2f\t%.1f\t%.1f\t%s\n")
         print "# END TSV"
+        if (pil_secs > 0 && pil_cpu > 0 && kb_secs != "")
+            printf "kiekbord first run / pillow: %.2f (seconds), %.2f (cpu_s)\n", kb_secs / pil_secs, kb_cpu / pil_cpu
     }' "$work/results"

@@ -2,11 +2,14 @@
 # Builds the thumbnail benchmark corpus: the real photographs (JPEG, at least 2 megapixels)
 # of a few Debian wallpaper packages, copied under unique lower-case names "name.jpg".
 #
-#   make_corpus.sh [DIR] [--count N]
+#   make_corpus.sh [DIR] [--count N] [--baseline]
 #
-# DIR defaults to bench/corpus. With --count N the corpus is cycled to exactly N photos:
+# DIR defaults to bench/corpus (bench/corpus-baseline with --baseline). With --count N the corpus is cycled to exactly N photos:
 # the first pass keeps the plain names, later passes add "--2", "--3", ... to the name
 # (a plain name never holds "--", so the copies cannot clash with it).
+# With --baseline every photo is rewritten as a baseline JPEG, losslessly and with all its
+# segments (jpegtran -copy all), as cameras write them: the same pixels without the
+# progressive files.
 # The packages are fetched with `apt-get download` into bench/.cache/debs and unpacked
 # with `dpkg -x`; nothing is installed. A finished DIR holds a stamp file ".corpus" and is
 # left alone when run again with the same count.
@@ -21,17 +24,23 @@ py=python3
 
 die() { echo "make_corpus: $*" >&2; exit 1; }
 
-dir=$here/corpus
+dir=""
 count=""
+baseline=""
 while (($#)); do
     case $1 in
         --count) [[ ${2:-} =~ ^[1-9][0-9]*$ ]] || die "--count needs a positive number"
                  count=$2; shift 2 ;;
-        -h|--help) sed -n '2,12p' "${BASH_SOURCE[0]}"; exit 0 ;;
+        --baseline) baseline=1; shift ;;
+        -h|--help) sed -n '2,15p' "${BASH_SOURCE[0]}"; exit 0 ;;
         -*) die "unknown option $1" ;;
         *) dir=$1; shift ;;
     esac
 done
+dir=${dir:-$here/corpus${baseline:+-baseline}}
+if [[ -n $baseline ]] && ! command -v jpegtran >/dev/null 2>&1; then
+    die "--baseline needs jpegtran: apt-get install libjpeg-turbo-progs"
+fi
 
 summary() {
     "$py" "$here/thumbsize.py" --scan "$dir" | awk -F'\t' '
@@ -43,7 +52,7 @@ summary() {
 
 jpg_count() { find "$dir" -maxdepth 1 -type f -name '*.jpg' | wc -l; }
 
-stamp="count=${count:-all}"
+stamp="${baseline:+baseline }count=${count:-all}"
 if [[ -f $dir/.corpus ]] && [[ $(<"$dir/.corpus") == "$stamp "* ]] \
    && [[ $(jpg_count) -eq $(sed -n 's/.* photos=//p' "$dir/.corpus") ]]; then
     echo "corpus: $dir is complete, nothing to do"
@@ -105,7 +114,11 @@ for ((i = 0; i < total; i++)); do
     src=${base[i % ${#base[@]}]}
     pass=$((i / ${#base[@]} + 1))
     if ((pass == 1)); then dst=$src; else dst=${src%.jpg}--$pass.jpg; fi
-    cp "$work/base/$src" "$dir/$dst"
+    if [[ -n $baseline ]]; then
+        jpegtran -copy all -outfile "$dir/$dst" "$work/base/$src"
+    else
+        cp "$work/base/$src" "$dir/$dst"
+    fi
 done
 echo "$stamp photos=$total" > "$dir/.corpus"
 echo "corpus: built $dir from ${#base[@]} distinct photos"

@@ -1,5 +1,6 @@
 #include "images/smooth_library.h"
 
+#include <dlfcn.h>
 #include <vips/vips.h>
 
 #include <algorithm>
@@ -15,7 +16,9 @@
 #include "base/failure_report.h"
 #include "images/exif_data.h"
 #include "images/photo_backup.h"
+#include "images/lanczos_shrink.h"
 #include "images/photo_failures.h"
+#include "images/thumbnail_decode.h"
 #include "images/pixel_edit.h"
 #include "images/turbo_jpeg.h"
 
@@ -26,13 +29,72 @@ constexpr std::string_view kThumbnailFrase = " tijdens aanmaken GDI thumbnail.";
 constexpr std::string_view kRoteerFrase = " tijdens roteren foto (GDI).";
 constexpr std::string_view kVerkleinFrase = " tijdens verkleinen foto (GDI).";
 
+// libvips and GLib, loaded when a photo first needs them rather than with
+// the program: its hundred or so libraries took some 20 ms of processor time
+// at every start, and a thumbnail run of ordinary photos never calls it.
+struct VipsFuncties {
+  decltype(&::vips_init) init;
+  decltype(&::vips_version_string) version_string;
+  decltype(&::vips_cache_set_max) cache_set_max;
+  decltype(&::vips_concurrency_set) concurrency_set;
+  decltype(&::vips_error_buffer_copy) error_buffer_copy;
+  decltype(&::vips_jpegload_buffer) jpegload_buffer;
+  decltype(&::vips_jpegsave_buffer) jpegsave_buffer;
+  decltype(&::vips_image_get_width) image_get_width;
+  decltype(&::vips_image_get_height) image_get_height;
+  decltype(&::vips_image_get_interpretation) image_get_interpretation;
+  decltype(&::vips_thumbnail_image) thumbnail_image;
+  decltype(&::vips_rot) rot;
+  decltype(&::vips_colourspace) colourspace;
+  decltype(&::g_object_unref) object_unref;
+  decltype(&::g_free) free;
+  decltype(&::g_log_set_handler) log_set_handler;
+};
+
+// The package's library name, the same for every libvips 8.
+constexpr const char* kVipsBibliotheek = "libvips.so.42";
+
+template <typename Functie>
+bool Zoek(void* bibliotheek, const char* naam, Functie& functie) {
+  functie = reinterpret_cast<Functie>(::dlsym(bibliotheek, naam));
+  return functie != nullptr;
+}
+
+// The functions, loaded once; nullptr when libvips cannot be loaded.
+const VipsFuncties* LaadVips() {
+  static const VipsFuncties* geladen = []() -> const VipsFuncties* {
+    void* bibliotheek = ::dlopen(kVipsBibliotheek, RTLD_NOW | RTLD_LOCAL);
+    if (bibliotheek == nullptr) return nullptr;
+    static VipsFuncties f;
+    const bool alle =
+        Zoek(bibliotheek, "vips_init", f.init) && Zoek(bibliotheek, "vips_version_string", f.version_string) &&
+        Zoek(bibliotheek, "vips_cache_set_max", f.cache_set_max) &&
+        Zoek(bibliotheek, "vips_concurrency_set", f.concurrency_set) &&
+        Zoek(bibliotheek, "vips_error_buffer_copy", f.error_buffer_copy) &&
+        Zoek(bibliotheek, "vips_jpegload_buffer", f.jpegload_buffer) &&
+        Zoek(bibliotheek, "vips_jpegsave_buffer", f.jpegsave_buffer) &&
+        Zoek(bibliotheek, "vips_image_get_width", f.image_get_width) &&
+        Zoek(bibliotheek, "vips_image_get_height", f.image_get_height) &&
+        Zoek(bibliotheek, "vips_image_get_interpretation", f.image_get_interpretation) &&
+        Zoek(bibliotheek, "vips_thumbnail_image", f.thumbnail_image) && Zoek(bibliotheek, "vips_rot", f.rot) &&
+        Zoek(bibliotheek, "vips_colourspace", f.colourspace) &&
+        Zoek(bibliotheek, "g_object_unref", f.object_unref) && Zoek(bibliotheek, "g_free", f.free) &&
+        Zoek(bibliotheek, "g_log_set_handler", f.log_set_handler);
+    return alle ? &f : nullptr;
+  }();
+  return geladen;
+}
+
+// The loaded functions; only after StartVips succeeded.
+const VipsFuncties& Vips() { return *LaadVips(); }
+
 struct VipsUnref {
-  void operator()(VipsImage* image) const { g_object_unref(image); }
+  void operator()(VipsImage* image) const { Vips().object_unref(image); }
 };
 using VipsBeeld = std::unique_ptr<VipsImage, VipsUnref>;
 
 struct GFreer {
-  void operator()(void* memory) const { g_free(memory); }
+  void operator()(void* memory) const { Vips().free(memory); }
 };
 
 Status Fout(std::string description) {
@@ -43,7 +105,7 @@ Status Fout(std::string description) {
 // also files libjpeg's warnings there, so the cause of a failure is the
 // line added last.
 std::string VipsMelding() {
-  const std::unique_ptr<char, GFreer> buffer(vips_error_buffer_copy());
+  const std::unique_ptr<char, GFreer> buffer(Vips().error_buffer_copy());
   std::string text = buffer ? buffer.get() : "";
   while (!text.empty() && text.back() == '\n') text.pop_back();
   if (const auto begin = text.rfind('\n'); begin != std::string::npos) text.erase(0, begin + 1);
@@ -53,8 +115,7 @@ std::string VipsMelding() {
 // libvips keeps one error buffer for the whole process. Each piece of work
 // that may fail in libvips and then read that buffer holds this lock, so two
 // photos failing at once on two workers never get each other's message (or
-// none). Only the resample and the rare libvips-only paths take it; the
-// costly decode and encode of a thumbnail run outside it.
+// none). Only the rare libvips-only paths of a thumbnail run take it.
 std::unique_lock<std::mutex> AlleenMetVips() {
   static std::mutex vips_fouten;
   return std::unique_lock<std::mutex>(vips_fouten);
@@ -64,17 +125,17 @@ Status StartVips() {
   static std::once_flag once;
   static bool started = false;
   std::call_once(once, [] {
-    started = vips_init("kiekbord") == 0;
+    started = LaadVips() != nullptr && Vips().init("kiekbord") == 0;
     if (!started) return;
     // Images made over memory the caller owns must never come back from
     // libvips' operation cache once that memory is gone.
-    vips_cache_set_max(0);
+    Vips().cache_set_max(0);
     // The thumbnail run already keeps every core busy with a photo of its
     // own; libvips' worker threads would only compete with it.
-    vips_concurrency_set(1);
+    Vips().concurrency_set(1);
     // Damage that libjpeg works around is not the user's concern; real
     // failures come back as errors and are reported as such.
-    g_log_set_handler("VIPS", G_LOG_LEVEL_WARNING, [](const gchar*, GLogLevelFlags, const gchar*, gpointer) {},
+    Vips().log_set_handler("VIPS", G_LOG_LEVEL_WARNING, [](const gchar*, GLogLevelFlags, const gchar*, gpointer) {},
                       nullptr);
   });
   return started ? Status::Ok() : Fout("Failed to start libvips");
@@ -85,7 +146,7 @@ Status StartVips() {
 // 8) shrinks on load.
 Status LaadJpeg(std::string_view jpeg, int krimp, VipsBeeld& beeld) {
   VipsImage* raw = nullptr;
-  if (vips_jpegload_buffer(const_cast<char*>(jpeg.data()), jpeg.size(), &raw, "shrink", krimp, nullptr) != 0) {
+  if (Vips().jpegload_buffer(const_cast<char*>(jpeg.data()), jpeg.size(), &raw, "shrink", krimp, nullptr) != 0) {
     return Fout("Cannot load image: " + VipsMelding());
   }
   beeld.reset(raw);
@@ -104,7 +165,7 @@ int KiesKrimp(int breedte, int hoogte, int min_breedte, int min_hoogte) {
 Status Encode(VipsImage* image, int kwaliteit, std::string& jpeg) {
   void* buffer = nullptr;
   std::size_t length = 0;
-  if (vips_jpegsave_buffer(image, &buffer, &length, "Q", kwaliteit, "strip", TRUE,
+  if (Vips().jpegsave_buffer(image, &buffer, &length, "Q", kwaliteit, "strip", TRUE,
                            "subsample_mode", VIPS_FOREIGN_SUBSAMPLE_ON, nullptr) != 0) {
     return Fout("Cannot save JPEG: " + VipsMelding());
   }
@@ -113,64 +174,37 @@ Status Encode(VipsImage* image, int kwaliteit, std::string& jpeg) {
   return Status::Ok();
 }
 
-// Shrinks an RGB plane to exactly `maat` with a Lanczos filter.
-Status Verklein(std::vector<std::uint8_t>& rgb, int breedte, int hoogte, ThumbnailMaat maat,
-                std::vector<std::uint8_t>& uit) {
-  const auto lock = AlleenMetVips();
-  const VipsBeeld bron(vips_image_new_from_memory(rgb.data(), rgb.size(), breedte, hoogte, 3,
-                                                  VIPS_FORMAT_UCHAR));
-  if (!bron) return Fout("Cannot scale image: " + VipsMelding());
-  VipsImage* raw = nullptr;
-  // reduce, unlike resize, lands on exactly round(size / factor) pixels.
-  if (vips_reduce(bron.get(), &raw, static_cast<double>(breedte) / maat.breedte,
-                  static_cast<double>(hoogte) / maat.hoogte, "kernel", VIPS_KERNEL_LANCZOS3,
-                  nullptr) != 0) {
-    return Fout("Cannot scale image: " + VipsMelding());
-  }
-  const VipsBeeld klein(raw);
-  std::size_t length = 0;
-  const std::unique_ptr<void, GFreer> pixels(vips_image_write_to_memory(klein.get(), &length));
-  if (!pixels) return Fout("Cannot scale image: " + VipsMelding());
-  if (vips_image_get_width(klein.get()) != maat.breedte ||
-      vips_image_get_height(klein.get()) != maat.hoogte ||
-      length != static_cast<std::size_t>(maat.breedte) * maat.hoogte * 3) {
-    return Fout("Cannot scale image: unexpected size");
-  }
-  const auto* begin = static_cast<const std::uint8_t*>(pixels.get());
-  uit.assign(begin, begin + length);
-  return Status::Ok();
-}
-
 // The usual way: libjpeg-turbo decodes at the smallest DCT scale that keeps
 // twice the thumbnail size (shrink-on-load: the full image is never
-// decoded), libvips resamples that with Lanczos, libjpeg-turbo encodes.
-// libvips' own thumbnail call does the same work through its loader and
-// pipeline; on the wallpaper corpus of bench/ (two cores) it took 1.08
-// times the processor time of this path (3.28 s against 3.04 s for 57
-// photos, 16.4 s against 15.3 s for 300) and trailed the fastest other tool,
-// Pillow, by 11 % on the clock, where the thumbnail run may not trail it at
-// all; with this path the run keeps level with it.
+// decoded), a Lanczos-3 filter of our own shrinks that to the exact size,
+// libjpeg-turbo encodes. libvips is not started for it: its start-up alone
+// took some 35 ms of every run, and its resample (with the lock its error
+// buffer needs) cost more than the filter here.
 void ThumbnailViaSchaal(std::string_view jpeg, const JpegKop& kop, ThumbnailWerk& werk) {
   const ThumbnailMaat maat = BerekenThumbnailMaat(kop.breedte, kop.hoogte);
   const Schaal schaal = KiesSchaal(kop.breedte, kop.hoogte, 2 * maat.breedte, 2 * maat.hoogte);
   const int breedte = schaal.Pas(kop.breedte);
   const int hoogte = schaal.Pas(kop.hoogte);
   std::vector<std::uint8_t> rgb;
-  std::vector<std::uint8_t> klein;
   try {
     rgb.resize(static_cast<std::size_t>(breedte) * hoogte * 3);
   } catch (const std::bad_alloc&) {
     werk.fout = Status::Error(fout::kOutOfMemory);
     return;
   }
-  const Status gedecodeerd =
-      DecodeerJpeg(jpeg, PixelVlak{rgb.data(), breedte, hoogte, breedte * 3, PixelVolgorde::kRgb, false});
+  const Status gedecodeerd = DecodeerVoorThumbnail(
+      jpeg, schaal, PixelVlak{rgb.data(), breedte, hoogte, breedte * 3, PixelVolgorde::kRgb, false});
   if (!gedecodeerd.ok()) {
     werk.fout = Fout("Cannot read image data: " + gedecodeerd.description());
     return;
   }
-  werk.fout = Verklein(rgb, breedte, hoogte, maat, klein);
-  if (!werk.fout.ok()) return;
+  std::vector<std::uint8_t> klein;
+  try {
+    klein = VerkleinLanczos(rgb, breedte, hoogte, maat);
+  } catch (const std::bad_alloc&) {
+    werk.fout = Status::Error(fout::kOutOfMemory);
+    return;
+  }
   const Status gecodeerd = CodeerJpeg(
       PixelVlak{klein.data(), maat.breedte, maat.hoogte, maat.breedte * 3, PixelVolgorde::kRgb, false},
       kGdiThumbnailKwaliteit, werk.jpeg);
@@ -182,6 +216,8 @@ void ThumbnailViaSchaal(std::string_view jpeg, const JpegKop& kop, ThumbnailWerk
 // thumbnail call resamples and converts the colours to sRGB.
 void ThumbnailViaVips(std::string_view jpeg, const std::string& thumb_pad, const Status& kop_fout,
                       ThumbnailWerk& werk) {
+  werk.fout = StartVips();
+  if (!werk.fout.ok()) return;
   const auto lock = AlleenMetVips();
   VipsBeeld kop;
   if (!LaadJpeg(jpeg, 1, kop).ok()) {
@@ -190,8 +226,8 @@ void ThumbnailViaVips(std::string_view jpeg, const std::string& thumb_pad, const
     werk.fout = kop_fout.ok() ? Fout("Cannot load image: " + VipsMelding()) : Fout("Cannot load image: " + kop_fout.description());
     return;
   }
-  const int breedte = vips_image_get_width(kop.get());
-  const int hoogte = vips_image_get_height(kop.get());
+  const int breedte = Vips().image_get_width(kop.get());
+  const int hoogte = Vips().image_get_height(kop.get());
   werk.fout = ToetsBeeldMaat(breedte, hoogte);
   if (!werk.fout.ok()) return;
   werk.aanmaak_regel = "Aanmaken (GDI) thumbnail " + thumb_pad + "...";
@@ -200,7 +236,7 @@ void ThumbnailViaVips(std::string_view jpeg, const std::string& thumb_pad, const
   werk.fout = LaadJpeg(jpeg, KiesKrimp(breedte, hoogte, 2 * maat.breedte, 2 * maat.hoogte), geladen);
   if (!werk.fout.ok()) return;
   VipsImage* raw = nullptr;
-  if (vips_thumbnail_image(geladen.get(), &raw, maat.breedte, "height", maat.hoogte, "size", VIPS_SIZE_FORCE,
+  if (Vips().thumbnail_image(geladen.get(), &raw, maat.breedte, "height", maat.hoogte, "size", VIPS_SIZE_FORCE,
                            "no_rotate", TRUE, nullptr) != 0) {
     werk.fout = Fout("Cannot read image data: " + VipsMelding());
     return;
@@ -216,15 +252,15 @@ Status LaadFoto(const std::string& foto_pad, std::string& jpeg, VipsBeeld& beeld
   if (status.ok()) status = ToetsGeclaimdeMaat(jpeg);
   if (status.ok()) status = FotoFout(foto_pad, jpeg, LaadJpeg(jpeg, 1, beeld));
   if (!status.ok()) return status;
-  return ToetsBeeldMaat(vips_image_get_width(beeld.get()), vips_image_get_height(beeld.get()));
+  return ToetsBeeldMaat(Vips().image_get_width(beeld.get()), Vips().image_get_height(beeld.get()));
 }
 
 // A CMYK photo (a rotation keeps its colours as they were) becomes sRGB, so
 // that every edited photo is an ordinary RGB JPEG.
 Status NaarSrgb(VipsBeeld& beeld) {
-  if (vips_image_get_interpretation(beeld.get()) != VIPS_INTERPRETATION_CMYK) return Status::Ok();
+  if (Vips().image_get_interpretation(beeld.get()) != VIPS_INTERPRETATION_CMYK) return Status::Ok();
   VipsImage* raw = nullptr;
-  if (vips_colourspace(beeld.get(), &raw, VIPS_INTERPRETATION_sRGB, nullptr) != 0) {
+  if (Vips().colourspace(beeld.get(), &raw, VIPS_INTERPRETATION_sRGB, nullptr) != 0) {
     return Fout("Cannot convert colours: " + VipsMelding());
   }
   beeld.reset(raw);
@@ -295,6 +331,11 @@ Status Gemeld(FoutMelder& melder, Status status, std::string_view frase) {
 
 }  // namespace
 
+std::string VipsVersie() {
+  const VipsFuncties* vips = LaadVips();
+  return vips == nullptr ? "" : vips->version_string();
+}
+
 int VerkleinKwaliteit(int kwaliteit_code) {
   switch (kwaliteit_code) {
     case 1: return 80;
@@ -307,8 +348,7 @@ std::string TijdelijkPad(const std::string& foto_pad) { return Vervang(foto_pad,
 
 ThumbnailWerk MaakGdiThumbnail(std::string_view jpeg, const std::string& thumb_pad) {
   ThumbnailWerk werk;
-  werk.fout = StartVips();
-  if (werk.fout.ok()) werk.fout = ToetsGeclaimdeMaat(jpeg);
+  werk.fout = ToetsGeclaimdeMaat(jpeg);
   if (!werk.fout.ok()) return werk;
   JpegKop kop;
   const Status kop_status = LeesJpegKop(jpeg, kop);
@@ -353,7 +393,7 @@ Status GDIRoteerImg(const std::string& foto_pad, std::string_view richting, bool
       beeld = rechtop.get();
     }
     VipsImage* raw = nullptr;
-    if (vips_rot(beeld, &raw, hoek, nullptr) != 0) return Fout("Cannot rotate image: " + VipsMelding());
+    if (Vips().rot(beeld, &raw, hoek, nullptr) != 0) return Fout("Cannot rotate image: " + VipsMelding());
     uit.reset(raw);
     return Status::Ok();
   };
@@ -369,11 +409,11 @@ Status GDIVerkleinImg(const std::string& foto_pad, int breedte, int hoogte, int 
     // Shrunk on load to no less than twice the new size, then resampled
     // with Lanczos to exactly that size; "force" may change the proportions.
     VipsBeeld geladen;
-    const Status status = LaadJpeg(jpeg, KiesKrimp(vips_image_get_width(beeld), vips_image_get_height(beeld),
+    const Status status = LaadJpeg(jpeg, KiesKrimp(Vips().image_get_width(beeld), Vips().image_get_height(beeld),
                                                    2 * breedte, 2 * hoogte), geladen);
     if (!status.ok()) return status;
     VipsImage* raw = nullptr;
-    if (vips_thumbnail_image(geladen.get(), &raw, breedte, "height", hoogte, "size", VIPS_SIZE_FORCE, "no_rotate",
+    if (Vips().thumbnail_image(geladen.get(), &raw, breedte, "height", hoogte, "size", VIPS_SIZE_FORCE, "no_rotate",
                              TRUE, nullptr) != 0) {
       return Fout("Cannot scale image: " + VipsMelding());
     }

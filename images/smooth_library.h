@@ -4,7 +4,8 @@
 // smoothing filter and none keeping the photo's metadata.
 //
 // Every file is read and written through Fs(); libvips works on buffers in
-// memory. libvips is started on first use, once, from any thread.
+// memory. libvips is loaded and started on first use, once, from any
+// thread; the usual thumbnail needs only libjpeg-turbo.
 #pragma once
 
 #include <string>
@@ -20,6 +21,10 @@ namespace kiekbord {
 inline constexpr int kGdiThumbnailKwaliteit = 90;
 inline constexpr int kGdiRoteerKwaliteit = 100;
 inline constexpr int kHeifJpegKwaliteit = 92;
+
+// The version of libvips ("8.14.1"), loaded for it if need be; "" when it
+// cannot be loaded.
+std::string VipsVersie();
 
 // The quality of a shrink quality code: 0 gives 100, 1 gives 80, 2 gives
 // 60, anything else 100.

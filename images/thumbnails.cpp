@@ -43,18 +43,58 @@ constexpr std::int64_t kGrootGeheugen = std::int64_t{64} << 20;
 // in front of it stays well below this.
 constexpr std::int64_t kKopGrens = 256 << 10;
 
+// Buffers for reading photos, handed from photo to photo. A buffer keeps
+// its memory, so a photo is read into pages already in use instead of fresh
+// ones that the kernel must clear first: that clearing took some 7 % of a
+// run's processor time.
+class LeesBuffers {
+ public:
+  std::string Neem() {
+    std::lock_guard lock(mutex_);
+    if (vrij_.empty()) return {};
+    std::string buffer = std::move(vrij_.back());
+    vrij_.pop_back();
+    return buffer;
+  }
+
+  void GeefTerug(std::string buffer) {
+    std::lock_guard lock(mutex_);
+    vrij_.push_back(std::move(buffer));
+  }
+
+ private:
+  std::mutex mutex_;
+  std::vector<std::string> vrij_;
+};
+
+// A buffer of `buffers` for as long as the object lives.
+class GeleendBuffer {
+ public:
+  explicit GeleendBuffer(LeesBuffers& buffers) : buffers_(buffers), buffer_(buffers.Neem()) {}
+  ~GeleendBuffer() { buffers_.GeefTerug(std::move(buffer_)); }
+  GeleendBuffer(const GeleendBuffer&) = delete;
+  GeleendBuffer& operator=(const GeleendBuffer&) = delete;
+  std::string& operator*() { return buffer_; }
+
+ private:
+  LeesBuffers& buffers_;
+  std::string buffer_;
+};
+
 // The memory making a photo's thumbnail takes, the file's bytes included,
 // judged from its frame header without reading the whole photo.
-std::int64_t GeschatGeheugen(ImageLibrary library, const std::string& foto) {
+std::int64_t GeschatGeheugen(ImageLibrary library, const std::string& foto, std::string& begin) {
   FileInfo info;
   if (!Fs().GetFileInfo(foto, info).ok()) return 0;
-  std::string begin;
   if (!Fs().ReadFile(foto, begin, kKopGrens).ok()) return 0;
   // A header further in: the whole file then.
   if (static_cast<std::int64_t>(begin.size()) == kKopGrens && !Fs().ReadFile(foto, begin).ok()) return 0;
   JpegKop kop;
   if (!LeesJpegKop(begin, kop).ok()) return info.size;
   std::int64_t bytes = info.size + DecodeerWerkgeheugen(kop);
+  // The smooth library decodes a progressive photo from a copy without the
+  // scans it does not read, at most as large as the file.
+  if (library == ImageLibrary::kGdiPlus && kop.progressief) bytes += info.size;
   // The pixel-buffer library decodes the whole photo.
   if (library == ImageLibrary::kIjl11) bytes += kop.Beeldpunten() * 3;
   return bytes;
@@ -94,14 +134,15 @@ class Teller {
 // there, reading the photo and making the thumbnail in memory.
 class FotoWerk {
  public:
-  FotoWerk(ImageLibrary library, std::string foto, std::string thumb, Teller& teller)
-      : library_(library), foto_(std::move(foto)), thumb_(std::move(thumb)), teller_(teller) {}
+  FotoWerk(ImageLibrary library, std::string foto, std::string thumb, Teller& teller, LeesBuffers& buffers)
+      : library_(library), foto_(std::move(foto)), thumb_(std::move(thumb)), teller_(teller), buffers_(buffers) {}
 
   std::future<ThumbnailWerk> Resultaat() { return resultaat_.get_future(); }
 
   std::int64_t Geheugen() {
     try {
-      return geheugen_ = GeschatGeheugen(library_, foto_);
+      GeleendBuffer begin(buffers_);
+      return geheugen_ = GeschatGeheugen(library_, foto_, *begin);
     } catch (const std::bad_alloc&) {
       return 0;  // making it will run out of memory too, and say so
     }
@@ -121,7 +162,8 @@ class FotoWerk {
 
  private:
   ThumbnailWerk MaakUitBestand() const {
-    std::string jpeg;
+    GeleendBuffer buffer(buffers_);
+    std::string& jpeg = *buffer;
     // Read into one buffer of the right size instead of one grown piecemeal.
     FileInfo info;
     if (Fs().GetFileInfo(foto_, info).ok() && info.size > 0) jpeg.reserve(static_cast<std::size_t>(info.size));
@@ -137,6 +179,7 @@ class FotoWerk {
   const std::string foto_;
   const std::string thumb_;
   Teller& teller_;
+  LeesBuffers& buffers_;
   std::promise<ThumbnailWerk> resultaat_;
   std::int64_t geheugen_ = 0;
 };
@@ -272,7 +315,7 @@ class ThumbnailRun {
     Taak taak;
     taak.index = i;
     taak.thumb = thumb;
-    auto werk = std::make_shared<FotoWerk>(library_, foto, thumb, gemaakt_);
+    auto werk = std::make_shared<FotoWerk>(library_, foto, thumb, gemaakt_, buffers_);
     taak.werk = werk->Resultaat();
     // The compressed size stands for the cost of decoding.
     pool.Submit({[werk] { return werk->Geheugen(); }, [werk] { werk->Maak(); }, info.size});
@@ -353,6 +396,8 @@ class ThumbnailRun {
   FoutMelder& melder_;
   const std::string lijst_pad_;
   LineTable lijst_;
+  // Outlives the pool, whose workers borrow from it.
+  LeesBuffers buffers_;
   std::deque<Taak> wachtend_;
   std::int32_t teller_ = 0;
   Teller gemaakt_;
