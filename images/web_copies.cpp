@@ -32,6 +32,8 @@ namespace {
 // some 40 MB (its file, the plane decoded at half size and two copies).
 constexpr std::int64_t kGeheugenBudget = std::int64_t{128} << 20;
 constexpr std::int64_t kGrootGeheugen = std::int64_t{64} << 20;
+// The start of a photo read for its frame header.
+constexpr std::int64_t kKopGrens = 256 << 10;
 // Four lines a photo, for the largest gallery the run takes in.
 constexpr int kLijstCapaciteit = 4096;
 
@@ -206,15 +208,18 @@ class FotoTaak {
       : dir_(std::move(dir)), naam_(std::move(naam)), foto_(dir_ + naam_), met_thumbnail_(met_thumbnail) {}
   std::future<WebWerk> Resultaat() { return resultaat_.get_future(); }
 
-  // Reads the photo; its memory is the file, the decoded plane and two
-  // copies.
+  // Looks at the photo's header for the memory making its copies takes: the
+  // file, the decoded plane and two copies. The photo itself is read only
+  // when its turn comes, so that photos waiting for memory hold none.
   std::int64_t Lees() {
-    gelezen_ = Fs().ReadFile(foto_, jpeg_);
+    FileInfo info;
+    std::string begin;
+    if (!Fs().GetFileInfo(foto_, info).ok() || !Fs().ReadFile(foto_, begin, kKopGrens).ok()) return 0;
     JpegKop kop;
-    if (!gelezen_.ok() || !LeesJpegKop(jpeg_, kop).ok()) return static_cast<std::int64_t>(jpeg_.size());
+    if (!LeesJpegKop(begin, kop).ok()) return info.size;
     const Schaal schaal = KiesSchaal(kop.breedte, kop.hoogte, std::min(kop.breedte, kWebMaten[0]),
                                      std::min(kop.hoogte, kWebMaten[0]));
-    geheugen_ = static_cast<std::int64_t>(jpeg_.size()) + DecodeerWerkgeheugen(kop) +
+    geheugen_ = info.size + DecodeerWerkgeheugen(kop) +
                 std::int64_t{schaal.Pas(kop.breedte)} * schaal.Pas(kop.hoogte) * 3 * 2;
     return geheugen_;
   }
@@ -222,16 +227,17 @@ class FotoTaak {
   void Maak() {
     try {
       WebWerk werk;
-      if (!gelezen_.ok()) {
-        werk.fout = gelezen_;
+      std::string jpeg;
+      const Status gelezen = Fs().ReadFile(foto_, jpeg);
+      if (!gelezen.ok()) {
+        werk.fout = gelezen;
       } else {
-        werk = MaakUitJpeg(jpeg_, dir_, naam_, met_thumbnail_);
+        werk = MaakUitJpeg(jpeg, dir_, naam_, met_thumbnail_);
       }
       resultaat_.set_value(std::move(werk));
     } catch (...) {
       resultaat_.set_exception(std::current_exception());
     }
-    std::string().swap(jpeg_);
     if (geheugen_ >= kGrootGeheugen) ::malloc_trim(0);
   }
 
@@ -240,8 +246,6 @@ class FotoTaak {
   const std::string naam_;
   const std::string foto_;
   const bool met_thumbnail_;
-  std::string jpeg_;
-  Status gelezen_;
   std::int64_t geheugen_ = 0;
   std::promise<WebWerk> resultaat_;
 };
