@@ -7,6 +7,7 @@
 #include "base/generation_log.h"
 #include "generator/page_lines.h"
 #include "generator/photo_page_navigation.h"
+#include "generator/photo_sizes.h"
 #include "generator/repeat_block.h"
 #include "generator/web_fields.h"
 #include "base/text_helpers.h"
@@ -68,8 +69,10 @@ FotoTeksten FotoTekstenVan(const FotoRun& run, const FotoPlaats& plaats) {
   std::string maat;
   // A photo whose size stays unknown gets no size rather than 0 x 0, which
   // would hide it.
+  // With "Webformaat" the title page and the overview have read it already.
+  const auto pagina_maat = g.WebformaatAan() ? BewaardePaginaMaat : PaginaMaat;
   const auto afmeting =
-      Fs().FileExists(g.uitvoer_dir + foto.naam) ? PaginaMaat(g.uitvoer_dir + foto.naam) : std::nullopt;
+      Fs().FileExists(g.uitvoer_dir + foto.naam) ? pagina_maat(g.uitvoer_dir + foto.naam) : std::nullopt;
   if (afmeting) {
     foto.breedte = std::to_string(afmeting->breedte);
     foto.hoogte = std::to_string(afmeting->hoogte);

@@ -7,6 +7,7 @@
 #include <chrono>
 #include <cstdint>
 #include <functional>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -14,6 +15,7 @@
 #include "base/failure_report.h"
 #include "base/generation_log.h"
 #include "generator/navigation_texts.h"
+#include "images/ready_thumbnails.h"
 
 namespace kiekbord {
 
@@ -85,6 +87,8 @@ struct SiteRun {
   // run stopped.
   std::function<bool()> afbreken;
   bool afgebroken = false;
+  // What the web-copy step hands the thumbnail step.
+  std::shared_ptr<KlareThumbnails> klare_thumbnails = std::make_shared<KlareThumbnails>();
 };
 
 // True when the run is to stop here. The first time the user's stop is seen

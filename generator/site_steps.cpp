@@ -25,7 +25,7 @@ SiteSteps StandaardStappen() { return StandaardStappen(VandaagLokaal); }
 SiteSteps StandaardStappen(std::function<std::chrono::year_month_day()> vandaag) {
   SiteSteps steps;
   steps.webkopieen = [](SiteRun& run) {
-    const WebKopieOpties opties{0, run.voortgang};
+    const WebKopieOpties opties{0, run.voortgang, run.klare_thumbnails.get()};
     if (MaakWebKopieen(run.gegevens.uitvoer_dir, run.gegevens.foto_namen, opties, run.log)) {
       run.failed = kMislukt;
     }
@@ -34,7 +34,8 @@ SiteSteps StandaardStappen(std::function<std::chrono::year_month_day()> vandaag)
     MaakTitelPagina(run, KopEnCreditVoor(run.settings, vandaag()));
   };
   steps.thumbnails = [](SiteRun& run) {
-    const ThumbnailOpties opties{run.settings.program_dir, 0, run.voortgang, run.afbreken};
+    const ThumbnailOpties opties{run.settings.program_dir, 0, run.voortgang, run.afbreken,
+                                 run.klare_thumbnails.get()};
     if (MaakThumbnails(run.gegevens.uitvoer_dir, run.gegevens.AantalFotos(), run.gegevens.foto_namen, opties,
                        run.log, run.melder)) {
       run.failed = kMislukt;

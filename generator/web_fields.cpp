@@ -8,6 +8,7 @@
 #include "base/text.h"
 #include "base/text_helpers.h"
 #include "generator/photo_page_navigation.h"
+#include "generator/photo_sizes.h"
 #include "images/thumbnails.h"
 #include "images/web_copies.h"
 
@@ -58,7 +59,7 @@ std::string WebBron(const std::string& uitvoer_dir, const std::string& naam) {
 }
 
 std::optional<FotoMaat> MaatVan(const std::string& uitvoer_dir, const std::string& naam) {
-  return Fs().FileExists(uitvoer_dir + naam) ? PaginaMaat(uitvoer_dir + naam) : std::nullopt;
+  return Fs().FileExists(uitvoer_dir + naam) ? BewaardePaginaMaat(uitvoer_dir + naam) : std::nullopt;
 }
 
 }  // namespace

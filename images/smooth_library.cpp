@@ -45,6 +45,9 @@ struct VipsFuncties {
   decltype(&::vips_image_get_interpretation) image_get_interpretation;
   decltype(&::vips_thumbnail_image) thumbnail_image;
   decltype(&::vips_rot) rot;
+  decltype(&::vips_flip) flip;
+  decltype(&::vips_heifload_buffer) heifload_buffer;
+  decltype(&::vips_image_get_blob) image_get_blob;
   decltype(&::vips_colourspace) colourspace;
   decltype(&::g_object_unref) object_unref;
   decltype(&::g_free) free;
@@ -77,6 +80,8 @@ const VipsFuncties* LaadVips() {
         Zoek(bibliotheek, "vips_image_get_height", f.image_get_height) &&
         Zoek(bibliotheek, "vips_image_get_interpretation", f.image_get_interpretation) &&
         Zoek(bibliotheek, "vips_thumbnail_image", f.thumbnail_image) && Zoek(bibliotheek, "vips_rot", f.rot) &&
+        Zoek(bibliotheek, "vips_flip", f.flip) && Zoek(bibliotheek, "vips_heifload_buffer", f.heifload_buffer) &&
+        Zoek(bibliotheek, "vips_image_get_blob", f.image_get_blob) &&
         Zoek(bibliotheek, "vips_colourspace", f.colourspace) &&
         Zoek(bibliotheek, "g_object_unref", f.object_unref) && Zoek(bibliotheek, "g_free", f.free) &&
         Zoek(bibliotheek, "g_log_set_handler", f.log_set_handler);
@@ -314,10 +319,10 @@ Status ZetRechtop(VipsImage* beeld, int orientatie, VipsBeeld& uit) {
                                       {VIPS_ANGLE_D270, true}, {VIPS_ANGLE_D270, false}};
   const Stap stap = kStappen[std::clamp(orientatie, 1, 8) - 1];
   VipsImage* raw = nullptr;
-  if (vips_rot(beeld, &raw, stap.hoek, nullptr) != 0) return Fout("Cannot rotate image: " + VipsMelding());
+  if (Vips().rot(beeld, &raw, stap.hoek, nullptr) != 0) return Fout("Cannot rotate image: " + VipsMelding());
   uit.reset(raw);
   if (!stap.spiegel) return Status::Ok();
-  if (vips_flip(uit.get(), &raw, VIPS_DIRECTION_HORIZONTAL, nullptr) != 0) {
+  if (Vips().flip(uit.get(), &raw, VIPS_DIRECTION_HORIZONTAL, nullptr) != 0) {
     return Fout("Cannot rotate image: " + VipsMelding());
   }
   uit.reset(raw);
@@ -429,11 +434,11 @@ Status HeifNaarJpeg(std::string_view heif, bool zonder_locatie, std::string& jpe
   if (!status.ok()) return status;
   const auto lock = AlleenMetVips();
   VipsImage* raw = nullptr;
-  if (vips_heifload_buffer(const_cast<char*>(heif.data()), heif.size(), &raw, nullptr) != 0) {
+  if (Vips().heifload_buffer(const_cast<char*>(heif.data()), heif.size(), &raw, nullptr) != 0) {
     return Fout("Cannot load image: " + VipsMelding());
   }
   VipsBeeld beeld(raw);
-  status = ToetsBeeldMaat(vips_image_get_width(beeld.get()), vips_image_get_height(beeld.get()));
+  status = ToetsBeeldMaat(Vips().image_get_width(beeld.get()), Vips().image_get_height(beeld.get()));
   if (status.ok()) status = NaarSrgb(beeld);
   std::string pixels;
   if (status.ok()) status = Encode(beeld.get(), kHeifJpegKwaliteit, pixels);
@@ -441,9 +446,9 @@ Status HeifNaarJpeg(std::string_view heif, bool zonder_locatie, std::string& jpe
   const void* blok = nullptr;
   std::size_t grootte = 0;
   std::string met_exif;
-  const ExifWijziging wijziging{true, vips_image_get_width(beeld.get()), vips_image_get_height(beeld.get()),
+  const ExifWijziging wijziging{true, Vips().image_get_width(beeld.get()), Vips().image_get_height(beeld.get()),
                                 zonder_locatie};
-  if (vips_image_get_blob(beeld.get(), VIPS_META_EXIF_NAME, &blok, &grootte) == 0 &&
+  if (Vips().image_get_blob(beeld.get(), VIPS_META_EXIF_NAME, &blok, &grootte) == 0 &&
       VoegExifToe(pixels, std::string_view(static_cast<const char*>(blok), grootte), wijziging, met_exif).ok()) {
     pixels = std::move(met_exif);
   }

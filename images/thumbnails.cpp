@@ -134,8 +134,10 @@ class Teller {
 // there, reading the photo and making the thumbnail in memory.
 class FotoWerk {
  public:
-  FotoWerk(ImageLibrary library, std::string foto, std::string thumb, Teller& teller, LeesBuffers& buffers)
-      : library_(library), foto_(std::move(foto)), thumb_(std::move(thumb)), teller_(teller), buffers_(buffers) {}
+  FotoWerk(ImageLibrary library, std::string foto, std::string thumb, Teller& teller, LeesBuffers& buffers,
+           KlareThumbnails* klaar)
+      : library_(library), foto_(std::move(foto)), thumb_(std::move(thumb)), teller_(teller), buffers_(buffers),
+        klaar_(klaar) {}
 
   std::future<ThumbnailWerk> Resultaat() { return resultaat_.get_future(); }
 
@@ -162,6 +164,11 @@ class FotoWerk {
 
  private:
   ThumbnailWerk MaakUitBestand() const {
+    if (klaar_ && library_ == ImageLibrary::kGdiPlus) {
+      if (std::optional<std::string> jpeg = klaar_->Neem(foto_)) {
+        return ThumbnailWerk{"Aanmaken (GDI) thumbnail " + thumb_ + "...", Status::Ok(), std::move(*jpeg)};
+      }
+    }
     GeleendBuffer buffer(buffers_);
     std::string& jpeg = *buffer;
     // Read into one buffer of the right size instead of one grown piecemeal.
@@ -180,6 +187,7 @@ class FotoWerk {
   const std::string thumb_;
   Teller& teller_;
   LeesBuffers& buffers_;
+  KlareThumbnails* const klaar_;
   std::promise<ThumbnailWerk> resultaat_;
   std::int64_t geheugen_ = 0;
 };
@@ -315,7 +323,7 @@ class ThumbnailRun {
     Taak taak;
     taak.index = i;
     taak.thumb = thumb;
-    auto werk = std::make_shared<FotoWerk>(library_, foto, thumb, gemaakt_, buffers_);
+    auto werk = std::make_shared<FotoWerk>(library_, foto, thumb, gemaakt_, buffers_, opties_.klare_thumbnails);
     taak.werk = werk->Resultaat();
     // The compressed size stands for the cost of decoding.
     pool.Submit({[werk] { return werk->Geheugen(); }, [werk] { werk->Maak(); }, info.size});

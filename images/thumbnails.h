@@ -16,6 +16,7 @@
 
 #include "base/failure_report.h"
 #include "base/generation_log.h"
+#include "images/ready_thumbnails.h"
 
 namespace kiekbord {
 
@@ -30,6 +31,9 @@ struct ThumbnailOpties {
   // so far stay, whole; "kb_tn.txt" is left as it was, so the photos not
   // reached are looked at again by the next run.
   std::function<bool()> afbreken;
+  // Thumbnails made ahead from another decode of the same photos; taken
+  // instead of decoding when the library is GDI+.
+  KlareThumbnails* klare_thumbnails = nullptr;
 };
 
 // Makes the thumbnails of the first `aantal` photos of `namen` (file names

@@ -1,7 +1,6 @@
 #include "images/web_copies.h"
 
 #include <malloc.h>
-#include <vips/vips.h>
 
 #include <algorithm>
 #include <cmath>
@@ -19,6 +18,9 @@
 #include "base/status.h"
 #include "base/text.h"
 #include "base/text_helpers.h"
+#include "images/lanczos_shrink.h"
+#include "images/smooth_library.h"
+#include "images/thumbnail_work.h"
 #include "images/thumbnails.h"
 #include "images/turbo_jpeg.h"
 #include "images/worker_pool.h"
@@ -30,33 +32,15 @@ namespace {
 // some 40 MB (its file, the plane decoded at half size and two copies).
 constexpr std::int64_t kGeheugenBudget = std::int64_t{128} << 20;
 constexpr std::int64_t kGrootGeheugen = std::int64_t{64} << 20;
+// The start of a photo read for its frame header.
+constexpr std::int64_t kKopGrens = 256 << 10;
 // Four lines a photo, for the largest gallery the run takes in.
 constexpr int kLijstCapaciteit = 4096;
 
-struct VipsUnref {
-  void operator()(VipsImage* image) const { g_object_unref(image); }
-};
-using VipsBeeld = std::unique_ptr<VipsImage, VipsUnref>;
-struct GFreer {
-  void operator()(void* memory) const { g_free(memory); }
-};
-
-Status Fout(std::string description) { return Status::Error(fout::kProgramError, std::move(description)); }
-
-// libvips as the thumbnails start it: no operation cache (the images lie over
-// memory of ours), no threads of its own (every core has a photo already).
-bool StartVips() {
+// One heap for all workers, as the thumbnail run keeps it.
+void EenHeap() {
   static std::once_flag once;
-  static bool gestart = false;
-  std::call_once(once, [] {
-    gestart = vips_init("kiekbord") == 0;
-    if (!gestart) return;
-    vips_cache_set_max(0);
-    vips_concurrency_set(1);
-    // One heap for all workers, as the thumbnail run keeps it.
-    ::mallopt(M_ARENA_MAX, 1);
-  });
-  return gestart;
+  std::call_once(once, [] { ::mallopt(M_ARENA_MAX, 1); });
 }
 
 // An RGB plane, three bytes a pixel, rows packed.
@@ -66,29 +50,9 @@ struct Beeld {
   int hoogte = 0;
 };
 
-// Scales `bron` to exactly `maat` with a Lanczos filter. The message says
-// no more than that: libvips keeps one error buffer for the whole process.
-Status Verklein(const Beeld& bron, FotoMaat maat, Beeld& uit) {
-  const VipsBeeld beeld(vips_image_new_from_memory(bron.rgb.data(), bron.rgb.size(), bron.breedte, bron.hoogte, 3,
-                                                   VIPS_FORMAT_UCHAR));
-  if (!beeld) return Fout("Cannot scale image");
-  VipsImage* raw = nullptr;
-  if (vips_reduce(beeld.get(), &raw, static_cast<double>(bron.breedte) / maat.breedte,
-                  static_cast<double>(bron.hoogte) / maat.hoogte, "kernel", VIPS_KERNEL_LANCZOS3, nullptr) != 0) {
-    vips_error_clear();
-    return Fout("Cannot scale image");
-  }
-  const VipsBeeld klein(raw);
-  std::size_t lengte = 0;
-  const std::unique_ptr<void, GFreer> pixels(vips_image_write_to_memory(klein.get(), &lengte));
-  if (!pixels || lengte != static_cast<std::size_t>(maat.breedte) * maat.hoogte * 3) {
-    return Fout("Cannot scale image");
-  }
-  const auto* begin = static_cast<const std::uint8_t*>(pixels.get());
-  uit.rgb.assign(begin, begin + lengte);
-  uit.breedte = maat.breedte;
-  uit.hoogte = maat.hoogte;
-  return Status::Ok();
+// Scales `bron` to exactly `maat` with the thumbnails' Lanczos filter.
+Beeld Verklein(const Beeld& bron, FotoMaat maat) {
+  return {VerkleinLanczos(bron.rgb, bron.breedte, bron.hoogte, {maat.breedte, maat.hoogte}), maat.breedte, maat.hoogte};
 }
 
 // Light sharpening against the softness scaling leaves: each pixel moves
@@ -128,25 +92,43 @@ std::vector<Doel> DoelenVan(const std::string& dir, const std::string& naam, int
   return doelen;
 }
 
-// What making a photo's copies gave: the files to write, or the failure.
+// What making a photo's copies gave: the files to write, or the failure,
+// and the thumbnail when one was asked for.
 struct WebWerk {
   Status fout;
   FotoMaat maat;
   std::vector<std::pair<std::string, std::string>> bestanden;  // path, JPEG bytes
+  std::string thumbnail;
 };
 
+// The thumbnail of the thumbnail run from `tweevoud`, the plane of the
+// double-density thumbnail (unsharpened): like the thumbnail run it scales
+// a plane of about twice the size with Lanczos. Empty when that plane is
+// smaller than the thumbnail (slivers).
+std::string ThumbnailUit(const Beeld& tweevoud, const JpegKop& kop) {
+  const ThumbnailMaat maat = BerekenThumbnailMaat(kop.breedte, kop.hoogte);
+  if (kop.IsCmyk() || tweevoud.breedte < maat.breedte || tweevoud.hoogte < maat.hoogte) return {};
+  Beeld klein = Verklein(tweevoud, {maat.breedte, maat.hoogte});
+  std::string bytes;
+  if (!CodeerJpeg(PixelVlak{klein.rgb.data(), klein.breedte, klein.hoogte, klein.breedte * 3,
+                            PixelVolgorde::kRgb, false},
+                  kGdiThumbnailKwaliteit, bytes)
+           .ok()) {
+    return {};
+  }
+  return bytes;
+}
+
 // Decodes the photo once, at the smallest scale that still holds its largest
-// copy, and makes each copy from the one before it.
-WebWerk MaakUitJpeg(std::string_view jpeg, const std::string& dir, const std::string& naam) {
+// copy, and makes each copy from the one before it (the sharpening goes only
+// into the file).
+WebWerk MaakUitJpeg(std::string_view jpeg, const std::string& dir, const std::string& naam, bool met_thumbnail) {
   WebWerk werk;
   JpegKop kop;
   werk.fout = LeesJpegKop(jpeg, kop);
   if (werk.fout.ok()) werk.fout = ToetsBeeldMaat(kop.breedte, kop.hoogte);
   if (!werk.fout.ok()) return werk;
-  if (!StartVips()) {
-    werk.fout = Fout("Failed to start libvips");
-    return werk;
-  }
+  EenHeap();
   werk.maat = {kop.breedte, kop.hoogte};
   const std::vector<Doel> doelen = DoelenVan(dir, naam, kop.breedte, kop.hoogte);
   const Schaal schaal = KiesSchaal(kop.breedte, kop.hoogte, doelen.front().maat.breedte, doelen.front().maat.hoogte);
@@ -156,9 +138,7 @@ WebWerk MaakUitJpeg(std::string_view jpeg, const std::string& dir, const std::st
                                            PixelVolgorde::kRgb, false});
   for (const Doel& doel : doelen) {
     if (!werk.fout.ok()) return werk;
-    Beeld klein;
-    werk.fout = Verklein(huidig, doel.maat, klein);
-    if (!werk.fout.ok()) return werk;
+    Beeld klein = Verklein(huidig, doel.maat);
     const Beeld& bron = doel.scherp ? Verscherpt(klein) : klein;
     std::string bytes;
     werk.fout = CodeerJpeg(PixelVlak{const_cast<std::uint8_t*>(bron.rgb.data()), bron.breedte, bron.hoogte,
@@ -167,24 +147,29 @@ WebWerk MaakUitJpeg(std::string_view jpeg, const std::string& dir, const std::st
     werk.bestanden.emplace_back(doel.pad, std::move(bytes));
     huidig = std::move(klein);
   }
+  if (werk.fout.ok() && met_thumbnail) werk.thumbnail = ThumbnailUit(huidig, kop);
   return werk;
 }
 
 // The make half of one photo, in the pool.
 class FotoTaak {
  public:
-  FotoTaak(std::string dir, std::string naam) : dir_(std::move(dir)), naam_(std::move(naam)), foto_(dir_ + naam_) {}
+  FotoTaak(std::string dir, std::string naam, bool met_thumbnail)
+      : dir_(std::move(dir)), naam_(std::move(naam)), foto_(dir_ + naam_), met_thumbnail_(met_thumbnail) {}
   std::future<WebWerk> Resultaat() { return resultaat_.get_future(); }
 
-  // Reads the photo; its memory is the file, the decoded plane and two
-  // copies.
+  // Looks at the photo's header for the memory making its copies takes: the
+  // file, the decoded plane and two copies. The photo itself is read only
+  // when its turn comes, so that photos waiting for memory hold none.
   std::int64_t Lees() {
-    gelezen_ = Fs().ReadFile(foto_, jpeg_);
+    FileInfo info;
+    std::string begin;
+    if (!Fs().GetFileInfo(foto_, info).ok() || !Fs().ReadFile(foto_, begin, kKopGrens).ok()) return 0;
     JpegKop kop;
-    if (!gelezen_.ok() || !LeesJpegKop(jpeg_, kop).ok()) return static_cast<std::int64_t>(jpeg_.size());
+    if (!LeesJpegKop(begin, kop).ok()) return info.size;
     const Schaal schaal = KiesSchaal(kop.breedte, kop.hoogte, std::min(kop.breedte, kWebMaten[0]),
                                      std::min(kop.hoogte, kWebMaten[0]));
-    geheugen_ = static_cast<std::int64_t>(jpeg_.size()) + DecodeerWerkgeheugen(kop) +
+    geheugen_ = info.size + DecodeerWerkgeheugen(kop) +
                 std::int64_t{schaal.Pas(kop.breedte)} * schaal.Pas(kop.hoogte) * 3 * 2;
     return geheugen_;
   }
@@ -192,16 +177,17 @@ class FotoTaak {
   void Maak() {
     try {
       WebWerk werk;
-      if (!gelezen_.ok()) {
-        werk.fout = gelezen_;
+      std::string jpeg;
+      const Status gelezen = Fs().ReadFile(foto_, jpeg);
+      if (!gelezen.ok()) {
+        werk.fout = gelezen;
       } else {
-        werk = MaakUitJpeg(jpeg_, dir_, naam_);
+        werk = MaakUitJpeg(jpeg, dir_, naam_, met_thumbnail_);
       }
       resultaat_.set_value(std::move(werk));
     } catch (...) {
       resultaat_.set_exception(std::current_exception());
     }
-    std::string().swap(jpeg_);
     if (geheugen_ >= kGrootGeheugen) ::malloc_trim(0);
   }
 
@@ -209,8 +195,7 @@ class FotoTaak {
   const std::string dir_;
   const std::string naam_;
   const std::string foto_;
-  std::string jpeg_;
-  Status gelezen_;
+  const bool met_thumbnail_;
   std::int64_t geheugen_ = 0;
   std::promise<WebWerk> resultaat_;
 };
@@ -303,6 +288,7 @@ class WebRun {
 
   struct Wachtend {
     std::string naam;
+    FileInfo info;
     Vermelding vermelding;
     std::future<WebWerk> werk;
   };
@@ -326,8 +312,8 @@ class WebRun {
           nieuw_.emplace_back(naam, oud->second);
           continue;
         }
-        auto taak = std::make_shared<FotoTaak>(foto_dir_, naam);
-        wachtend.push_back({naam, nu, taak->Resultaat()});
+        auto taak = std::make_shared<FotoTaak>(foto_dir_, naam, opties_.klare_thumbnails != nullptr);
+        wachtend.push_back({naam, info, nu, taak->Resultaat()});
         pool.Submit({[taak] { return taak->Lees(); }, [taak] { taak->Maak(); }, info.size});
       }
       int gedaan = static_cast<int>(namen_.size() - wachtend.size());
@@ -360,6 +346,9 @@ class WebRun {
       const bool gemaakt = std::any_of(werk.bestanden.begin(), werk.bestanden.end(),
                                        [&](const auto& b) { return b.first == pad; });
       if (!gemaakt) Verwijder(pad);
+    }
+    if (opties_.klare_thumbnails && !werk.thumbnail.empty()) {
+      opties_.klare_thumbnails->Bewaar(foto, w.info, std::move(werk.thumbnail));
     }
     w.vermelding.maat = MaatTekst(werk.maat);
     nieuw_.emplace_back(w.naam, w.vermelding);

@@ -19,6 +19,7 @@
 
 #include "base/generation_log.h"
 #include "images/photo_properties.h"
+#include "images/ready_thumbnails.h"
 
 namespace kiekbord {
 
@@ -47,6 +48,9 @@ struct WebKopieOpties {
   int gelijktijdig = 0;
   // Told after each photo: the number of photos done, of the total.
   std::function<void(int gedaan, int totaal)> voortgang;
+  // When set, every photo decoded also leaves its thumbnail ("_tn.jpg" as
+  // the thumbnail run makes it) here for the thumbnail run to take.
+  KlareThumbnails* klare_thumbnails = nullptr;
 };
 
 // Makes the copies of the photos `namen` (file names in `foto_dir`, which
