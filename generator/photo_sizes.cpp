@@ -36,6 +36,11 @@ std::optional<FotoMaat> BewaardePaginaMaat(const std::string& path) {
   return maat;
 }
 
+void BewaarPaginaMaat(const std::string& path, const FileInfo& info, FotoMaat maat) {
+  const std::lock_guard<std::mutex> lock(mutex);
+  bewaard[path] = Bewaard{info, maat};
+}
+
 void VergeetPaginaMaten() {
   const std::lock_guard<std::mutex> lock(mutex);
   bewaard.clear();

@@ -7,6 +7,7 @@
 #include <optional>
 #include <string>
 
+#include "base/file_system.h"
 #include "images/photo_properties.h"
 
 namespace kiekbord {
@@ -14,6 +15,10 @@ namespace kiekbord {
 // PaginaMaat(path), from memory while the file keeps the length, time and
 // identity it had when it was read.
 std::optional<FotoMaat> BewaardePaginaMaat(const std::string& path);
+
+// Keeps `maat` as the size of `path` while it has the state `info`: a size
+// already known from elsewhere (the web copies' list).
+void BewaarPaginaMaat(const std::string& path, const FileInfo& info, FotoMaat maat);
 
 // Forgets every size: a run starts with none.
 void VergeetPaginaMaten();

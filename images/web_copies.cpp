@@ -286,6 +286,10 @@ class WebRun {
     return std::all_of(doelen.begin(), doelen.end(), [](const Doel& d) { return Fs().FileExists(d.pad); });
   }
 
+  void MaatBekend(const std::string& foto, const FileInfo& info, std::optional<FotoMaat> maat) const {
+    if (opties_.maat_bekend && maat) opties_.maat_bekend(foto, info, *maat);
+  }
+
   struct Wachtend {
     std::string naam;
     FileInfo info;
@@ -309,6 +313,7 @@ class WebRun {
         const auto oud = oud_.find(naam);
         if (oud != oud_.end() && oud->second.datumtijd == nu.datumtijd && oud->second.grootte == nu.grootte &&
             AllesAanwezig(naam, oud->second.maat)) {
+          MaatBekend(foto, info, MaatUitTekst(oud->second.maat));
           nieuw_.emplace_back(naam, oud->second);
           continue;
         }
@@ -351,6 +356,7 @@ class WebRun {
       opties_.klare_thumbnails->Bewaar(foto, w.info, std::move(werk.thumbnail));
     }
     w.vermelding.maat = MaatTekst(werk.maat);
+    MaatBekend(foto, w.info, werk.maat);
     nieuw_.emplace_back(w.naam, w.vermelding);
     ++gemaakt_;
   }

@@ -17,6 +17,7 @@
 #include <string>
 #include <vector>
 
+#include "base/file_system.h"
 #include "base/generation_log.h"
 #include "images/photo_properties.h"
 #include "images/ready_thumbnails.h"
@@ -51,6 +52,10 @@ struct WebKopieOpties {
   // When set, every photo decoded also leaves its thumbnail ("_tn.jpg" as
   // the thumbnail run makes it) here for the thumbnail run to take.
   KlareThumbnails* klare_thumbnails = nullptr;
+  // When set, told the pixel size of every photo whose copies are current
+  // (from the list or just made), with the file state it belongs to, so the
+  // pages need not read the photo again.
+  std::function<void(const std::string& foto, const FileInfo& info, FotoMaat maat)> maat_bekend;
 };
 
 // Makes the copies of the photos `namen` (file names in `foto_dir`, which
