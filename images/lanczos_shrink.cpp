@@ -11,13 +11,11 @@ namespace {
 // the sum of a filter's weights in 32 bits, with negative lobes.
 constexpr int kBits = 14;
 constexpr std::int32_t kHalf = 1 << (kBits - 1);
-constexpr double kLobes = 3.0;
-
-double Lanczos3(double x) {
+double Lanczos(double x, double lobes) {
   if (x == 0.0) return 1.0;
-  if (x <= -kLobes || x >= kLobes) return 0.0;
+  if (x <= -lobes || x >= lobes) return 0.0;
   const double px = std::numbers::pi * x;
-  return kLobes * std::sin(px) * std::sin(px / kLobes) / (px * px);
+  return lobes * std::sin(px) * std::sin(px / lobes) / (px * px);
 }
 
 std::uint8_t Clamp(std::int32_t sum) { return static_cast<std::uint8_t>(std::clamp(sum >> kBits, 0, 255)); }
@@ -32,11 +30,11 @@ struct AsFilter {
   std::vector<std::int32_t> gewichten;
 };
 
-AsFilter MaakFilter(int bron, int doel) {
+AsFilter MaakFilter(int bron, int doel, int lobes) {
   const double schaal = static_cast<double>(bron) / doel;
   // Shrinking stretches the filter over the source so no pixel is skipped.
   const double rek = std::max(1.0, schaal);
-  const double bereik = kLobes * rek;
+  const double bereik = lobes * rek;
   AsFilter filter;
   filter.taps = std::min(bron, 2 * static_cast<int>(std::ceil(bereik)) + 1);
   filter.eerste.resize(static_cast<std::size_t>(doel));
@@ -50,7 +48,7 @@ AsFilter MaakFilter(int bron, int doel) {
     std::fill(w.begin(), w.end(), 0.0);
     double som = 0.0;
     for (int j = std::max(van, eerste); j < std::min(tot, eerste + filter.taps); ++j) {
-      w[static_cast<std::size_t>(j - eerste)] = Lanczos3((j + 0.5 - midden) / rek);
+      w[static_cast<std::size_t>(j - eerste)] = Lanczos((j + 0.5 - midden) / rek, lobes);
       som += w[static_cast<std::size_t>(j - eerste)];
     }
     filter.eerste[static_cast<std::size_t>(i)] = eerste;
@@ -112,9 +110,9 @@ std::vector<std::uint8_t> Horizontaal(const std::vector<std::uint8_t>& rgb, int 
 }  // namespace
 
 std::vector<std::uint8_t> VerkleinLanczos(const std::vector<std::uint8_t>& rgb, int breedte, int hoogte,
-                                          ThumbnailMaat maat) {
-  const std::vector<std::uint8_t> rijen = Verticaal(rgb, breedte, MaakFilter(hoogte, maat.hoogte));
-  return Horizontaal(rijen, breedte, maat.hoogte, MaakFilter(breedte, maat.breedte));
+                                          ThumbnailMaat maat, int lobes) {
+  const std::vector<std::uint8_t> rijen = Verticaal(rgb, breedte, MaakFilter(hoogte, maat.hoogte, lobes));
+  return Horizontaal(rijen, breedte, maat.hoogte, MaakFilter(breedte, maat.breedte, lobes));
 }
 
 }  // namespace kiekbord

@@ -50,10 +50,16 @@ struct Beeld {
   int hoogte = 0;
 };
 
-// Scales `bron` to exactly `maat` with the thumbnails' Lanczos filter.
-Beeld Verklein(const Beeld& bron, FotoMaat maat) {
-  return {VerkleinLanczos(bron.rgb, bron.breedte, bron.hoogte, {maat.breedte, maat.hoogte}), maat.breedte, maat.hoogte};
+// Scales `bron` to exactly `maat` with a Lanczos filter of `lobes` lobes.
+Beeld Verklein(const Beeld& bron, FotoMaat maat, int lobes) {
+  return {VerkleinLanczos(bron.rgb, bron.breedte, bron.hoogte, {maat.breedte, maat.hoogte}, lobes), maat.breedte,
+          maat.hoogte};
 }
+
+// The copies are sharpened after scaling, which makes up for the softer
+// two-lobe filter; the thumbnail keeps the thumbnail run's three lobes.
+constexpr int kKopieLobes = 2;
+constexpr int kThumbnailLobes = 3;
 
 // Light sharpening against the softness scaling leaves: each pixel moves
 // away from the mean of its four neighbours by a tenth of the difference.
@@ -108,7 +114,7 @@ struct WebWerk {
 std::string ThumbnailUit(const Beeld& tweevoud, const JpegKop& kop) {
   const ThumbnailMaat maat = BerekenThumbnailMaat(kop.breedte, kop.hoogte);
   if (kop.IsCmyk() || tweevoud.breedte < maat.breedte || tweevoud.hoogte < maat.hoogte) return {};
-  Beeld klein = Verklein(tweevoud, {maat.breedte, maat.hoogte});
+  Beeld klein = Verklein(tweevoud, {maat.breedte, maat.hoogte}, kThumbnailLobes);
   std::string bytes;
   if (!CodeerJpeg(PixelVlak{klein.rgb.data(), klein.breedte, klein.hoogte, klein.breedte * 3,
                             PixelVolgorde::kRgb, false},
@@ -138,7 +144,7 @@ WebWerk MaakUitJpeg(std::string_view jpeg, const std::string& dir, const std::st
                                            PixelVolgorde::kRgb, false});
   for (const Doel& doel : doelen) {
     if (!werk.fout.ok()) return werk;
-    Beeld klein = Verklein(huidig, doel.maat);
+    Beeld klein = Verklein(huidig, doel.maat, kKopieLobes);
     const Beeld& bron = doel.scherp ? Verscherpt(klein) : klein;
     std::string bytes;
     werk.fout = CodeerJpeg(PixelVlak{const_cast<std::uint8_t*>(bron.rgb.data()), bron.breedte, bron.hoogte,
