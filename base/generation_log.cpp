@@ -44,4 +44,16 @@ void GenerationLog::SchrijfLog(std::string_view text) {
   if (!status.ok()) throw RunError(status, "logbestand " + path_);
 }
 
+bool LogStapFout(GenerationLog& log, const std::function<Status()>& stap) {
+  Status status;
+  try {
+    status = stap();
+  } catch (const RunError& error) {
+    status = error.status();
+  }
+  if (status.ok()) return false;
+  log.SchrijfLog("Error: " + status.description());
+  return true;
+}
+
 }  // namespace kiekbord

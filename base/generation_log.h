@@ -15,6 +15,7 @@
 namespace kiekbord {
 
 class AppendFile;
+class Status;
 
 using LogObserver = std::function<void(const std::string& line)>;
 
@@ -39,5 +40,9 @@ class GenerationLog {
   std::string path_;  // of the log opened last, for failure reports
   LogObserver observer_;
 };
+
+// Runs `stap`; a failure it returns, or throws as RunError, is logged as
+// "Error: " + its description. Returns true when the step failed.
+bool LogStapFout(GenerationLog& log, const std::function<Status()>& stap);
 
 }  // namespace kiekbord

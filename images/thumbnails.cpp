@@ -445,15 +445,7 @@ bool MaakThumbnails(const std::string& foto_dir, int aantal, const std::vector<s
                     const ThumbnailOpties& opties, GenerationLog& log, FoutMelder& melder) {
   log.SchrijfLog("Start aanmaken thumbnails ...");
   const ImageLibrary library = KiesThumbnailBibliotheek(opties.program_dir, log);
-  Status status;
-  try {
-    status = ThumbnailRun(foto_dir, aantal, namen, opties, library, log, melder).Run();
-  } catch (const RunError& error) {
-    status = error.status();
-  }
-  if (status.ok()) return false;
-  log.SchrijfLog("Error: " + status.description());
-  return true;
+  return LogStapFout(log, [&] { return ThumbnailRun(foto_dir, aantal, namen, opties, library, log, melder).Run(); });
 }
 
 }  // namespace kiekbord

@@ -30,7 +30,7 @@ namespace {
 
 // What the photos being made at once may take; a 24-megapixel photo takes
 // some 40 MB (its file, the plane decoded at half size and two copies).
-constexpr std::int64_t kGeheugenBudget = std::int64_t{128} << 20;
+constexpr std::int64_t kGeheugenBudget = std::int64_t{192} << 20;
 constexpr std::int64_t kGrootGeheugen = std::int64_t{64} << 20;
 // The start of a photo read for its frame header.
 constexpr std::int64_t kKopGrens = 256 << 10;
@@ -449,15 +449,7 @@ std::string DubbeleThumbnailPad(const std::string& foto_naam) { return Vervang(f
 bool MaakWebKopieen(const std::string& foto_dir, const std::vector<std::string>& namen,
                     const WebKopieOpties& opties, GenerationLog& log) {
   log.SchrijfLog("Start aanmaken webkopieën ...");
-  Status status;
-  try {
-    status = WebRun(foto_dir, namen, opties, log).Run();
-  } catch (const RunError& error) {
-    status = error.status();
-  }
-  if (status.ok()) return false;
-  log.SchrijfLog("Error: " + status.description());
-  return true;
+  return LogStapFout(log, [&] { return WebRun(foto_dir, namen, opties, log).Run(); });
 }
 
 }  // namespace kiekbord
