@@ -16,14 +16,14 @@ int DivideRoundingHalfToEven(int n, int d) {
 
 }  // namespace
 
-int ThumbnailDeler(int breedte, int hoogte) {
+int ThumbnailDeler(int breedte, int hoogte, int grens) {
   int d = 1;
-  while (breedte / d > kThumbnailGrens || hoogte / d > kThumbnailGrens) ++d;
+  while (breedte / d > grens || hoogte / d > grens) ++d;
   return d;
 }
 
-ThumbnailMaat BerekenThumbnailMaat(int breedte, int hoogte) {
-  const int d = ThumbnailDeler(breedte, hoogte);
+ThumbnailMaat BerekenThumbnailMaat(int breedte, int hoogte, int grens) {
+  const int d = ThumbnailDeler(breedte, hoogte, grens);
   // A sliver of a photo (10000 x 10) still gets a visible thumbnail.
   return {std::max(1, DivideRoundingHalfToEven(breedte, d)),
           std::max(1, DivideRoundingHalfToEven(hoogte, d))};

@@ -23,13 +23,14 @@ struct ThumbnailMaat {
 };
 
 // The divisor of a width x height photo: the smallest d >= 1 for which the
-// whole parts of width / d and height / d are both at most 150.
-int ThumbnailDeler(int breedte, int hoogte);
+// whole parts of width / d and height / d are both at most `grens` (150 for
+// the thumbnail, 300 for the double-density one).
+int ThumbnailDeler(int breedte, int hoogte, int grens = kThumbnailGrens);
 
 // The thumbnail's size: width / d and height / d, each rounded to the
 // nearest whole number with halves to the even neighbour (so 753 wide gives
 // 151). A side that would round to 0 is made 1 pixel.
-ThumbnailMaat BerekenThumbnailMaat(int breedte, int hoogte);
+ThumbnailMaat BerekenThumbnailMaat(int breedte, int hoogte, int grens = kThumbnailGrens);
 
 // A thumbnail made in memory and not yet written.
 struct ThumbnailWerk {

@@ -413,16 +413,6 @@ class WebRun {
   int verwijderd_ = 0;
 };
 
-// n / d rounded to the nearest whole number, halves to the even neighbour,
-// as the thumbnail's sides are.
-int DeelAfgerond(int n, int d) {
-  const int quotient = n / d;
-  const int twee_rest = 2 * (n % d);
-  if (twee_rest > d) return quotient + 1;
-  if (twee_rest == d) return quotient + (quotient % 2);
-  return quotient;
-}
-
 }  // namespace
 
 std::optional<FotoMaat> WebKopieMaat(int breedte, int hoogte, int lange_zijde) {
@@ -435,9 +425,8 @@ std::optional<FotoMaat> WebKopieMaat(int breedte, int hoogte, int lange_zijde) {
 }
 
 FotoMaat DubbeleThumbnailMaat(int breedte, int hoogte) {
-  int d = 1;
-  while (breedte / d > kDubbeleThumbnailGrens || hoogte / d > kDubbeleThumbnailGrens) ++d;
-  return {std::max(1, DeelAfgerond(breedte, d)), std::max(1, DeelAfgerond(hoogte, d))};
+  const ThumbnailMaat maat = BerekenThumbnailMaat(breedte, hoogte, kDubbeleThumbnailGrens);
+  return {maat.breedte, maat.hoogte};
 }
 
 std::string WebKopiePad(const std::string& foto_naam, int lange_zijde) {
