@@ -12,7 +12,6 @@
 #include "base/keyed_text_file.h"
 #include "base/text.h"
 #include "base/text_helpers.h"
-#include "generator/photo_sizes.h"
 #include "generator/web_fields.h"
 
 namespace kiekbord {
@@ -268,7 +267,6 @@ std::int16_t RunSteps(const std::string& script_path, const SiteOmgeving& omgevi
               omgeving.afbreken};
   if (run.failed == kGelukt) LeesNavigatieTeksten(gegevens.sjabloon_ini, run.navigatie, log);
   if (run.failed == kGelukt && gegevens.WebformaatAan()) LeesWebSizes(gegevens);
-  VergeetPaginaMaten();
   if (run.failed == kGelukt) RuimTijdelijkeBestandenOp(gegevens);
   if (run.failed == kGelukt && !Afgebroken(run)) VerwijderOudePaginas(gegevens, log);
 

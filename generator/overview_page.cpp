@@ -6,7 +6,6 @@
 #include "base/generation_log.h"
 #include "generator/page_lines.h"
 #include "generator/photo_page_navigation.h"
-#include "generator/photo_sizes.h"
 #include "generator/repeat_block.h"
 #include "generator/web_fields.h"
 #include "base/text_helpers.h"
@@ -58,7 +57,7 @@ OverzichtFoto OverzichtFotoVan(const SiteGegevens& g, int nummer) {
     const std::string& naam = g.foto_namen[index];
     web = WebAttributen(MiniSrcset(g.uitvoer_dir, foto.thumbnail), "", nummer == 1);
     foto.origineel = BestandsLink(naam);
-    foto.verhouding = Verhouding(BewaardePaginaMaat(g.uitvoer_dir + naam));
+    foto.verhouding = Verhouding(g.foto_maten->Van(g.uitvoer_dir + naam));
     foto.mini_verhouding = Verhouding(afmeting);
   }
   const std::string rand_en_alt = " border=\"0\"" + AltAttribuut(nummer, n) + web + ">";

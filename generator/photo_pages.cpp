@@ -7,7 +7,6 @@
 #include "base/generation_log.h"
 #include "generator/page_lines.h"
 #include "generator/photo_page_navigation.h"
-#include "generator/photo_sizes.h"
 #include "generator/repeat_block.h"
 #include "generator/web_fields.h"
 #include "base/text_helpers.h"
@@ -70,9 +69,9 @@ FotoTeksten FotoTekstenVan(const FotoRun& run, const FotoPlaats& plaats) {
   // A photo whose size stays unknown gets no size rather than 0 x 0, which
   // would hide it.
   // With "Webformaat" the title page and the overview have read it already.
-  const auto pagina_maat = g.WebformaatAan() ? BewaardePaginaMaat : PaginaMaat;
+  const std::string pad = g.uitvoer_dir + foto.naam;
   const auto afmeting =
-      Fs().FileExists(g.uitvoer_dir + foto.naam) ? pagina_maat(g.uitvoer_dir + foto.naam) : std::nullopt;
+      !Fs().FileExists(pad) ? std::nullopt : g.WebformaatAan() ? g.foto_maten->Van(pad) : PaginaMaat(pad);
   if (afmeting) {
     foto.breedte = std::to_string(afmeting->breedte);
     foto.hoogte = std::to_string(afmeting->hoogte);

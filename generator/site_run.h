@@ -15,6 +15,7 @@
 #include "base/failure_report.h"
 #include "base/generation_log.h"
 #include "generator/navigation_texts.h"
+#include "generator/photo_sizes.h"
 #include "images/ready_thumbnails.h"
 
 namespace kiekbord {
@@ -53,6 +54,8 @@ struct SiteGegevens {
   // the title page (from the set's "sjabloon.ini").
   std::string foto_sizes;
   std::string omslag_sizes;
+  // The photos' sizes as this run has read or been told them.
+  std::shared_ptr<FotoMaten> foto_maten = std::make_shared<FotoMaten>();
 
   // The photos taken in, in gallery order: file names and captions.
   std::vector<std::string> foto_namen;

@@ -5,7 +5,6 @@
 #include "generator/head_and_credit.h"
 #include "generator/overview_page.h"
 #include "generator/photo_pages.h"
-#include "generator/photo_sizes.h"
 #include "generator/style_sheet.h"
 #include "generator/title_page.h"
 #include "images/thumbnails.h"
@@ -26,7 +25,11 @@ SiteSteps StandaardStappen() { return StandaardStappen(VandaagLokaal); }
 SiteSteps StandaardStappen(std::function<std::chrono::year_month_day()> vandaag) {
   SiteSteps steps;
   steps.webkopieen = [](SiteRun& run) {
-    const WebKopieOpties opties{0, run.voortgang, run.klare_thumbnails.get(), BewaarPaginaMaat};
+    FotoMaten& maten = *run.gegevens.foto_maten;
+    const WebKopieOpties opties{0, run.voortgang, run.klare_thumbnails.get(),
+                                [&maten](const std::string& foto, const FileInfo& info, FotoMaat maat) {
+                                  maten.Bewaar(foto, info, maat);
+                                }};
     if (MaakWebKopieen(run.gegevens.uitvoer_dir, run.gegevens.foto_namen, opties, run.log)) {
       run.failed = kMislukt;
     }

@@ -8,7 +8,6 @@
 #include "base/text.h"
 #include "base/text_helpers.h"
 #include "generator/photo_page_navigation.h"
-#include "generator/photo_sizes.h"
 #include "images/thumbnails.h"
 #include "images/web_copies.h"
 
@@ -58,8 +57,8 @@ std::string WebBron(const std::string& uitvoer_dir, const std::string& naam) {
   return BestandsLink(kopie != naam && Fs().FileExists(uitvoer_dir + kopie) ? kopie : naam);
 }
 
-std::optional<FotoMaat> MaatVan(const std::string& uitvoer_dir, const std::string& naam) {
-  return Fs().FileExists(uitvoer_dir + naam) ? BewaardePaginaMaat(uitvoer_dir + naam) : std::nullopt;
+std::optional<FotoMaat> MaatVan(const SiteGegevens& g, const std::string& naam) {
+  return Fs().FileExists(g.uitvoer_dir + naam) ? g.foto_maten->Van(g.uitvoer_dir + naam) : std::nullopt;
 }
 
 }  // namespace
@@ -146,7 +145,7 @@ std::string DiaGegevens(const SiteGegevens& g) {
   std::string json = "[";
   for (int i = 0; i < g.AantalFotos(); ++i) {
     const std::string& naam = g.foto_namen[static_cast<std::size_t>(i)];
-    const std::optional<FotoMaat> maat = MaatVan(g.uitvoer_dir, naam);
+    const std::optional<FotoMaat> maat = MaatVan(g, naam);
     if (i > 0) json += ",";
     json += "{\"src\":" + JsonTekst(WebBron(g.uitvoer_dir, naam)) +
             ",\"srcset\":" + JsonTekst(FotoSrcset(g.uitvoer_dir, naam, maat)) +
@@ -161,7 +160,7 @@ std::string DiaGegevens(const SiteGegevens& g) {
 std::string OmslagFoto(const SiteGegevens& g) {
   if (g.AantalFotos() == 0) return "";
   const std::string& naam = g.foto_namen.front();
-  const std::optional<FotoMaat> maat = MaatVan(g.uitvoer_dir, naam);
+  const std::optional<FotoMaat> maat = MaatVan(g, naam);
   const std::string grootte =
       maat ? " width=\"" + std::to_string(maat->breedte) + "\" height=\"" + std::to_string(maat->hoogte) + "\"" : "";
   return "<img src=\"" + WebBron(g.uitvoer_dir, naam) + "\"" +
